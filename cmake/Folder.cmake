@@ -1,0 +1,35 @@
+# cotirama_folder(NAME [DIR dir] LINKS ...)
+#
+# One library from all sources below a folder, linked to what its arrows allow. While the folder
+# holds no source it is an interface library, so that whatever links it works all the same.
+function(cotirama_folder name)
+  cmake_parse_arguments(arg "" "DIR" "LINKS" ${ARGN})
+  if(NOT arg_DIR)
+    set(arg_DIR ${PROJECT_SOURCE_DIR}/src/${name})
+  endif()
+  cmake_path(GET arg_DIR PARENT_PATH root)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${arg_DIR}/*.cpp)
+  if(sources)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${arg_DIR}/*.h)
+    add_library(${name} STATIC ${sources} ${headers})
+    target_include_directories(${name} PUBLIC ${root})
+    target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE cotirama_flags)
+  else()
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${root})
+    target_link_libraries(${name} INTERFACE ${arg_LINKS})
+  endif()
+endfunction()
+
+# cotirama_program(NAME LINKS ... SOURCES globs...)
+#
+# An executable from the sources that the globs find; nothing while they find none.
+function(cotirama_program name)
+  cmake_parse_arguments(arg "" "" "LINKS;SOURCES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${arg_SOURCES})
+  if(sources)
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE ${arg_LINKS} cotirama_flags)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+  endif()
+endfunction()
