@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace base {
+
+/// A file of fixed-size records, numbered from 1, open for as long as the object lives: meant to
+/// be opened, used and closed within one routine. Opening creates a missing file empty; with
+/// `owner_only` the file is narrowed to its owner (mode 0600), an old one too. What isn't a regular
+/// file (or a link to one) doesn't open, and never blocks. Plain system calls, no buffering.
+class RecordFile {
+ public:
+  /// `record_size` above 0.
+  RecordFile(const std::string& path, std::size_t record_size, bool owner_only = false);
+  ~RecordFile();
+  RecordFile(const RecordFile&) = delete;
+  RecordFile& operator=(const RecordFile&) = delete;
+
+  [[nodiscard]] bool is_open() const { return fd_ >= 0; }
+  /// Bytes in the file; 0 when it isn't open.
+  [[nodiscard]] std::int64_t length() const;
+  /// True and `record` (record_size bytes) when record `n` is there whole; otherwise `record`
+  /// stays as it was.
+  [[nodiscard]] bool Read(std::int64_t n, std::string& record) const;
+  /// Writes record `n` in one write. `record` must have record_size bytes. A gap before it is
+  /// filled with zero bytes. False for `n` below 1 or beyond a file's length, and when the disk
+  /// takes less than the whole record.
+  bool Write(std::int64_t n, std::string_view record);
+
+ private:
+  [[nodiscard]] std::optional<std::int64_t> OffsetOf(std::int64_t n) const;
+
+  std::size_t record_size_;
+  int fd_;
+};
+
+/// Replaces a file of ours as a whole: written beside the old one, flushed to the disk and renamed
+/// over it, so a crash leaves the old or the new content. A link is kept and its target replaced;
+/// the old file's permissions stay unless `owner_only`. False leaves the old one, as does a `path`
+/// that isn't a regular file.
+[[nodiscard]] bool ReplaceFile(const std::string& path, std::string_view content,
+                               bool owner_only = false);
+
+/// The whole content of a regular file of at most `limit` bytes. False when missing or larger;
+/// creates nothing, never blocks, and leaves `content` as it was on failure.
+[[nodiscard]] bool ReadWholeFile(const std::string& path, std::size_t limit, std::string& content);
+
+}  // namespace base
