@@ -1,0 +1,105 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/palette.h"
+#include "platform/control.h"
+
+// The small controls. Texts are UTF-8 and plain. Hooks (`on_...`) are set by the window that owns
+// the control and called by whoever drives it: the screen, or a test. An empty hook is skipped.
+namespace platform {
+
+/// One line (or box) of text that the user can't change.
+class Label : public Control {
+ public:
+  std::function<void()> on_click, on_double_click;
+
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void set_caption(std::string_view caption) { Set(caption_, caption); }
+  [[nodiscard]] base::Color fore() const { return fore_; }
+  void set_fore(base::Color fore) { Set(fore_, fore); }
+  [[nodiscard]] base::Color back() const { return back_; }
+  void set_back(base::Color back) { Set(back_, back); }
+
+  void Click() { if (on_click) on_click(); }
+  void DoubleClick() { if (on_double_click) on_double_click(); }
+
+ private:
+  std::string caption_;
+  base::Color fore_ = base::palette::kBlack;
+  base::Color back_ = base::palette::kWhite;
+};
+
+/// One line of text that the user types. `on_change` runs on every real change of the text, by
+/// the user or the program.
+class TextBox : public Control {
+ public:
+  std::function<void()> on_change;
+
+  [[nodiscard]] const std::string& text() const { return text_; }
+  /// Cuts at max_length characters.
+  void set_text(std::string_view text);
+  /// Characters; 0 is no limit.
+  [[nodiscard]] int max_length() const { return max_length_; }
+  void set_max_length(int length) { Set(max_length_, length); }
+  /// Shows "*" for every character.
+  [[nodiscard]] bool password() const { return password_; }
+  void set_password(bool password) { Set(password_, password); }
+  /// Caption of the label that stands in front of it: its accessible name.
+  [[nodiscard]] const std::string& label() const { return label_; }
+  void set_label(std::string_view label) { Set(label_, label); }
+
+ private:
+  std::string text_, label_;
+  int max_length_ = 0;
+  bool password_ = false;
+};
+
+/// A push button. `caption` may hold "&" before its mnemonic letter ("&&" is a plain "&").
+class Button : public Control {
+ public:
+  std::function<void()> on_click;
+
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void set_caption(std::string_view caption) { Set(caption_, caption); }
+  void Click() { if (enabled() && on_click) on_click(); }
+
+ private:
+  std::string caption_;
+};
+
+/// A check box of value 0 or 1. `on_click` runs on every real change of the value, by the user or
+/// the program.
+class CheckBox : public Control {
+ public:
+  std::function<void()> on_click;
+
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void set_caption(std::string_view caption) { Set(caption_, caption); }
+  [[nodiscard]] int value() const { return value_; }
+  void set_value(int value) { if (Set(value_, value != 0 ? 1 : 0) && on_click) on_click(); }
+
+ private:
+  std::string caption_;
+  int value_ = 0;
+};
+
+/// Pictures that the program draws.
+enum class Picture { none, connected, receiving, closed, server };
+
+/// Shows one picture, or is the panel that other controls stand on.
+class PictureBox : public Control {
+ public:
+  std::function<void()> on_click;
+
+  [[nodiscard]] Picture picture() const { return picture_; }
+  void set_picture(Picture picture) { Set(picture_, picture); }
+  void Click() { if (on_click) on_click(); }
+
+ private:
+  Picture picture_ = Picture::none;
+};
+
+}  // namespace platform

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/ports.h"
+#include "platform/window_list.h"
+
+namespace platform {
+
+/// Everything that the logic asks of the outside, and the list of loaded windows. One a program (or
+/// a test); outlives every window, timer and socket.
+class Platform {
+ public:
+  virtual ~Platform() = default;
+
+  WindowList windows;
+
+  [[nodiscard]] virtual std::unique_ptr<Socket> MakeSocket(Socket::Events events) = 0;
+  [[nodiscard]] virtual std::unique_ptr<TimerPort> MakeTimer(std::function<void()> tick) = 0;
+  /// Runs `task` once from the event loop, after the handler that runs now; tasks keep their order.
+  virtual void Post(std::function<void()> task) = 0;
+  [[nodiscard]] virtual Desktop& desktop() = 0;
+  [[nodiscard]] virtual Dialogs& dialogs() = 0;
+  [[nodiscard]] virtual Clipboard& clipboard() = 0;
+  [[nodiscard]] virtual Printer& printer() = 0;
+  [[nodiscard]] virtual Sound& sound() = 0;
+};
+
+}  // namespace platform

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/platform.h"
+#include "support/bytes.h"
+#include "support/fake_socket.h"
+#include "support/grid_text.h"
+#include "support/temp_dir.h"
+
+// The outside in memory: doubles with public records of what was asked and settable answers.
+namespace support {
+
+class FakeDialogs : public platform::Dialogs {
+ public:
+  std::vector<std::string> messages, questions;
+  bool answer = true;
+  int open = 0;  // boxes open at the moment
+  /// Runs while a box is open: what the outside does meanwhile. Not for boxes above another.
+  std::function<void()> while_open;
+
+  void Message(std::string_view text) override;
+  bool Ask(std::string_view text) override;
+
+ private:
+  void StayOpen();
+};
+
+class FakeClipboard : public platform::Clipboard {
+ public:
+  std::string text;
+  int clears = 0;
+
+  void Clear() override;
+  void SetText(std::string_view utf8) override { text = utf8; }
+};
+
+class FakePrinter : public platform::Printer {
+ public:
+  struct Job {
+    std::string title, text;  // `text` is all of the grid
+  };
+  std::vector<Job> jobs;
+
+  void Print(const platform::Grid& grid, std::string_view title) override;
+};
+
+class FakeSound : public platform::Sound {
+ public:
+  int beeps = 0;
+
+  void Beep() override { ++beeps; }
+};
+
+class FakeDesktop : public platform::Desktop {
+ public:
+  std::vector<std::string> log;  // "shown Caption", "hidden Caption", "closed Caption"
+  platform::Control* focus = nullptr;
+
+  void Shown(platform::Window& window) override;
+  void Hidden(platform::Window& window) override;
+  void Closed(platform::Window& window) override;
+  void Focus(platform::Window& window, platform::Control& control) override;
+};
+
+/// Time stands still until `avanzar`; posted tasks wait for `RunPosted` or `avanzar`.
+class MemoryPlatform : public platform::Platform {
+ public:
+  std::vector<FakeSocket*> sockets;  // alive ones, in order of making
+  FakeDialogs boxes;
+
+  MemoryPlatform();
+  ~MemoryPlatform() override;
+
+  /// Moves time by `ms`: due timers fire in order of their due time, posted tasks run in between.
+  /// May be called again from inside, as a box that waits does.
+  void avanzar(int ms);
+  /// Runs the posted tasks and those that they post; stops after 10000, which no honest chain
+  /// reaches.
+  void RunPosted();
+
+  [[nodiscard]] std::unique_ptr<platform::Socket> MakeSocket(
+      platform::Socket::Events events) override;
+  [[nodiscard]] std::unique_ptr<platform::TimerPort> MakeTimer(std::function<void()> tick) override;
+  void Post(std::function<void()> task) override { posted_.push_back(std::move(task)); }
+  [[nodiscard]] FakeDesktop& desktop() override { return desktop_; }
+  [[nodiscard]] FakeDialogs& dialogs() override { return boxes; }
+  [[nodiscard]] FakeClipboard& clipboard() override { return clipboard_; }
+  [[nodiscard]] FakePrinter& printer() override { return printer_; }
+  [[nodiscard]] FakeSound& sound() override { return sound_; }
+
+ private:
+  class FakeTimer;
+
+  [[nodiscard]] FakeTimer* NextDue(std::int64_t until) const;
+
+  FakeDesktop desktop_;
+  FakeClipboard clipboard_;
+  FakePrinter printer_;
+  FakeSound sound_;
+  std::deque<std::function<void()>> posted_;
+  std::vector<FakeTimer*> running_timers_;  // in order of their start
+  std::int64_t now_ = 0;
+};
+
+}  // namespace support
