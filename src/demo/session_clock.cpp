@@ -1,0 +1,44 @@
+#include "demo/session_clock.h"
+
+#include <algorithm>
+
+namespace demo {
+namespace {
+
+using std::chrono::days;
+using std::chrono::sys_days;
+using std::chrono::weekday;
+
+constexpr sys_days kFirstDay = std::chrono::year(2000) / 5 / 17;
+
+}  // namespace
+
+SessionClock::SessionClock(int second)
+    : second_(std::clamp(second, 8 * 3600 + 1, kLast - 60)), day_(kFirstDay) {}
+
+SessionClock::Passed SessionClock::Step() {
+  ms_ += kStepMs;
+  if (ms_ < 1000) return {};
+  ms_ = 0;
+  if (++second_ < kLast) return {.second = true};
+  NextDay();
+  return {.second = true, .day = true};
+}
+
+void SessionClock::NextDay() {
+  second_ = kFirst;
+  day_ += weekday(day_) == std::chrono::Friday ? days(3) : days(1);
+}
+
+int SessionClock::time() const {
+  return second_ / 3600 * 10000 + second_ / 60 % 60 * 100 + second_ % 60;
+}
+
+int SessionClock::date() const {
+  const std::chrono::year_month_day date(day_);
+  return (static_cast<int>(date.year()) - 1900) * 10000 +
+         static_cast<int>(static_cast<unsigned>(date.month()) * 100 +
+                          static_cast<unsigned>(date.day()));
+}
+
+}  // namespace demo
