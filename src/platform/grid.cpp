@@ -11,6 +11,7 @@ Grid::~Grid() = default;
 void Grid::set_rows(int rows) {
   rows = std::max(rows, 0);
   if (rows == this->rows()) return;
+  ++name_changes_;
   const auto size = static_cast<std::size_t>(rows);
   if (rows < this->rows()) {
     rows_.resize(size);
@@ -111,6 +112,7 @@ void Grid::TakeColumns(const std::vector<int>& source) {
   columns_ = std::move(columns);
   spare_colors_.clear();
   ++heading_changes_;
+  ++name_changes_;
   TouchAll();
 }
 

@@ -73,8 +73,9 @@ class Grid : public Control {
   // Cells.
   [[nodiscard]] std::string_view text(int row, int col) const;
   void set_text(int row, int col, std::string_view text);
-  /// Grows whenever a heading gets another text or column.
+  /// Grow whenever row 0, or column 0, comes to read otherwise than before.
   [[nodiscard]] unsigned heading_changes() const { return heading_changes_; }
+  [[nodiscard]] unsigned name_changes() const { return name_changes_; }
   /// The whole row in one operation; missing cells become empty, extra ones are dropped.
   void set_row_text(int row, const RowText& cells);
   /// Fills the selection from (row, col) to (row_sel, col_sel): `text` is split at CR into rows
@@ -86,6 +87,7 @@ class Grid : public Control {
   [[nodiscard]] base::Color back(int row, int col) const;
   void set_fore(int row, int col, base::Color fore);
   void set_back(int row, int col, base::Color back);
+  void set_colors(int row, int col, base::Color fore, base::Color back);
   /// Both colours of the cells `first_col` to the last of a row.
   void set_row_colors(int row, int first_col, base::Color fore, base::Color back);
 
@@ -195,7 +197,7 @@ class Grid : public Control {
   std::string font_name_;
   float font_size_ = 7.0F;
   std::vector<std::unique_ptr<CellColors[]>> spare_colors_;  // so that flashing allocates nothing
-  unsigned heading_changes_ = 0;
+  unsigned heading_changes_ = 0, name_changes_ = 0;
   bool all_dirty_ = true;
   int added_from_ = 0;  // rows from here on are new since the last TakeChanges
   std::vector<int> dirty_rows_;

@@ -74,13 +74,16 @@ void Grid::set_text(int row, int col, std::string_view text) {
   }
   if (cells.size() == ends) cells.clear();
   if (row == 0) ++heading_changes_;
+  if (col == 0) ++name_changes_;
   TouchRow(row);
 }
 
-void Grid::set_row_text(int row, const RowText& text) {
+void Grid::set_row_text(int row, const RowText& cells) {
   if (!HasRow(row)) return;
-  if (!StoreCells(rows_[static_cast<std::size_t>(row)].cells, columns_.size(), text)) return;
+  const bool renamed = text(row, 0) != cells.cell(0);
+  if (!StoreCells(rows_[static_cast<std::size_t>(row)].cells, columns_.size(), cells)) return;
   if (row == 0) ++heading_changes_;
+  if (renamed) ++name_changes_;
   TouchRow(row);
 }
 

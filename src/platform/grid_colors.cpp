@@ -31,6 +31,10 @@ void Grid::set_back(int row, int col, base::Color back) {
   SetColors(row, col, col, {ColorsAt(row, col).fore, back});
 }
 
+void Grid::set_colors(int row, int col, base::Color fore, base::Color back) {
+  if (Inside(row, col)) SetColors(row, col, col, {fore, back});
+}
+
 void Grid::set_row_colors(int row, int first_col, base::Color fore, base::Color back) {
   if (Inside(row, first_col)) SetColors(row, first_col, cols() - 1, {fore, back});
 }

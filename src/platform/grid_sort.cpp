@@ -160,6 +160,7 @@ std::vector<int> Grid::SortAscending() {
   }
   std::move(sorted.begin(), sorted.end(),
             rows_.begin() + first_row + static_cast<std::ptrdiff_t>(first_moved));
+  ++name_changes_;
   TouchAll();
   return former;
 }
@@ -182,6 +183,7 @@ int Grid::SortLastRow(int col) {
   Row row = std::move(rows_.back());
   std::move_backward(rows_.begin() + first, rows_.end() - 1, rows_.end());
   rows_[static_cast<std::size_t>(first)] = std::move(row);
+  ++name_changes_;
   TouchAll();
   return first;
 }
