@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/controls.h"
+#include "platform/grid.h"
+#include "platform/platform.h"
+#include "platform/timer.h"
+
+namespace views {
+
+/// Slides the command bar above a grid out of sight and back in small steps, with the grid below
+/// following. Bar and grid outlive it. Only the end of a slide counts for others; a second request
+/// during one is dropped.
+class CommandBar {
+ public:
+  /// `settled` runs at the end of every slide.
+  CommandBar(platform::Platform& platform, platform::PictureBox& bar, platform::Grid& grid,
+             std::function<void()> settled);
+
+  /// The grid stands below the bar.
+  [[nodiscard]] bool shown() const;
+  [[nodiscard]] bool hidden() const;
+  void SlideIn() { Slide(kStep); }
+  void SlideOut() { Slide(-kStep); }
+
+ private:
+  static constexpr int kStep = 20;  // twips
+
+  void Slide(int step);
+  void Step();
+  void Place(int bar_top, int grid_top);
+  [[nodiscard]] int HiddenTop() const { return 1 - bar_.rect().height; }
+
+  platform::PictureBox& bar_;
+  platform::Grid& grid_;
+  std::function<void()> settled_;
+  int step_ = 0;  // 0 at rest
+  platform::Timer timer_;
+};
+
+}  // namespace views

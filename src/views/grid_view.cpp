@@ -1,0 +1,193 @@
+#include "views/grid_view.h"
+
+#include "base/val.h"
+#include "views/layout_file.h"
+
+// The window: its design, commands, mouse and files. Rows are in grid_view_rows.cpp.
+namespace views {
+namespace {
+
+constexpr int kTimerMs = 1000;
+constexpr int kTicksToHide = 5;
+
+constexpr int kBarHeight = 600;
+constexpr int kGridLeft = -12;
+constexpr platform::Rect kFirstButton{120, 90, 1320, 420};
+constexpr int kButtonStep = 1440;
+constexpr platform::Rect kName{5940, 165, 4500, 270};
+
+}  // namespace
+
+GridView::GridView(const GridContext& context, const GridDesign& design)
+    : Window(context.platform),
+      Timer1(context.platform, kTimerMs, false),
+      context_(context),
+      design_(design),
+      bar_(context.platform, Picture1, G, [this] { Form_Resize(); }) {
+  Design();
+  Wire();
+}
+
+void GridView::Design() {
+  set_caption(design_.caption);
+  set_rect(design_.rect);
+  G.set_rows(1);
+  G.set_rect({kGridLeft, kBarHeight + 1, design_.rect.width, design_.rect.height});
+  Picture1.set_rect({0, 0, design_.rect.width, kBarHeight});
+  platform::Rect place = kFirstButton;
+  const auto put = [&](platform::Button& button, std::string_view caption) {
+    button.set_caption(caption);
+    button.set_rect(place);
+    place.left += kButtonStep;
+  };
+  put(Command4, "Grabar");
+  put(Command3, "Copiar");
+  put(Command2, "Imprimir");
+  put(Command1, "Graficos");
+  Command5.set_visible(false);
+  Label1.set_rect(kName);
+}
+
+void GridView::Wire() {
+  Command1.on_click = [this] { Command1_Click(); };
+  Command2.on_click = [this] { Command2_Click(); };
+  Command3.on_click = [this] { Command3_Click(); };
+  Command4.on_click = [this] { Command4_Click(); };
+  Timer1.on_tick = [this] { Timer1_Timer(); };
+  G.on_click = [this] { G_Click(); };
+  G.on_double_click = [this] { G_DblClick(); };
+  G.on_mouse_move = [this] { G_MouseMove(); };
+  G.on_before_move_column = [this](int from, int to) { return G_BeforeMoveColumn(from, to); };
+  G.on_after_user_resize = [this] { G_AfterUserResize(); };
+}
+
+void GridView::ShowCommands() { Command1.set_visible(static_cast<bool>(AbrirGrafico)); }
+
+bool GridView::OnQueryUnload() {
+  if (context_.FaseCierre != 0) return true;
+  Hide();
+  return false;
+}
+
+void GridView::ReadColors(bool write_first) {
+  Colores = ReadColorRecord(context_.dir, design_.registro, write_first);
+}
+
+void GridView::BuildColumns(int flagged_width) {
+  const ColumnTable& table = design_.columns;
+  const int known = G.cols();
+  G.set_cols(static_cast<int>(table.design.size()) + 1);
+  G.set_text(0, 0, "Instrumento");
+  if (known == 0) G.set_width(0, table.name_width);
+  int c = 0;
+  for (const Columna& column : table.design) {
+    G.set_text(0, ++c, column.heading);
+    if (c < known) continue;
+    G.set_width(c, column.width);
+    G.set_align(c, platform::Align::right);
+  }
+  if (!ReadColFlags(context_.dir, design_.cam, ColFlags)) return;
+
+  c = 0;
+  const auto add = [&](std::string_view heading) {
+    G.set_text(0, ++c, heading);
+    G.set_align(c, platform::Align::right);
+  };
+  for (std::size_t k = 1; k < ColFlags.size(); ++k) {
+    if (ColFlags[k] != '1' || table.by_flag[k - 1].empty()) continue;
+    add(table.by_flag[k - 1]);
+    G.set_width(c, flagged_width);
+  }
+  for (const std::string_view heading : table.closing) add(heading);
+  G.set_cols(c + 1);
+}
+
+void GridView::LoadLayout() {
+  const platform::Window& main = platform().windows.at(0);
+  ReadLayout(context_.dir, design_.pos, main.inner_width(), main.inner_height(), *this, G);
+}
+
+void GridView::Form_Resize() {
+  platform::Rect bar = Picture1.rect();
+  bar.width = inner_width();
+  Picture1.set_rect(bar);
+  platform::Rect grid = G.rect();
+  if (inner_height() - grid.top - 350 > 0) grid.height = inner_height() - grid.top - 300;
+  if (inner_width() > 75) grid.width = inner_width() - 75;
+  G.set_rect(grid);
+}
+
+void GridView::Command1_Click() {
+  if (AbrirGrafico) AbrirGrafico(FilaActual);
+  SetFocus(Command5);
+}
+
+void GridView::Command2_Click() {
+  platform().printer().Print(G, caption());
+  SetFocus(Command5);
+}
+
+void GridView::Command3_Click() {
+  platform().clipboard().Clear();
+  platform().clipboard().SetText(G.AllText());
+  SetFocus(Command5);
+}
+
+void GridView::Command4_Click() {
+  WriteLayout(context_.dir, design_.pos, *this, G);
+  SetFocus(Command5);
+}
+
+void GridView::Timer1_Timer() {
+  if (G.rows() < 2) return;
+  for (int row = 1; row < G.rows(); ++row) {
+    Fila& fila = FilaAt(row);
+    if (fila.FilaFlash > 0) ClearFlash(row, fila);
+  }
+  HoverTicks = base::CheckedIncrement(HoverTicks);
+  if (HoverTicks > kTicksToHide && bar_.shown()) bar_.SlideOut();
+}
+
+void GridView::G_Click() {
+  if (G.mouse_row < 1) return;
+  FilaActual = base::ToInteger<std::int16_t>(G.mouse_row).value_or(FilaActual);
+  Label1.set_caption(G.text(G.mouse_row, 0));
+}
+
+void GridView::G_DblClick() {
+  if (G.mouse_row == 0 && G.rows() > 1) SortRows(G.mouse_col);
+  if (G.mouse_row > 0 && G.mouse_col == 0) OpenTickets(std::string(G.text(G.mouse_row, 0)));
+}
+
+void GridView::G_MouseMove() {
+  HoverTicks = 0;
+  if (G.mouse_row == 0 && bar_.hidden()) bar_.SlideIn();
+  if (G.mouse_row > 0 && G.mouse_row < G.rows()) ShowCode(G.text(G.mouse_row, 0));
+}
+
+template <typename Visit>
+void GridView::ForEachNamed(std::string_view name, const Visit& visit) {
+  for (int slot = 1; slot <= context_.store.NumInstrumentos(); ++slot) {
+    const store::Instrumento& record = context_.store.Instrumentos(slot);
+    name_.clear();
+    AppendName(name_, record.Nombre);
+    if (name_ == name && !visit(static_cast<std::int16_t>(slot), record)) return;
+  }
+}
+
+void GridView::ShowCode(std::string_view name) {
+  ForEachNamed(name, [this](std::int16_t, const store::Instrumento& record) {
+    G.set_tool_tip(record.Codigo.utf8());
+    return false;
+  });
+}
+
+void GridView::OpenTickets(const std::string& name) {
+  ForEachNamed(name, [this](std::int16_t slot, const store::Instrumento& record) {
+    const bool open = platform().windows.WithTag(record.Codigo.utf8()) != nullptr;
+    if (!open && context_.pipeline.AbrirTicket) context_.pipeline.AbrirTicket(slot);
+    return true;
+  });
+}
+
+}  // namespace views

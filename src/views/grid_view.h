@@ -1,0 +1,148 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/program_dir.h"
+#include "platform/controls.h"
+#include "platform/grid.h"
+#include "platform/timer.h"
+#include "platform/window.h"
+#include "store/instrument_store.h"
+#include "store/update_pipeline.h"
+#include "views/color_records.h"
+#include "views/column_layout.h"
+#include "views/command_bar.h"
+#include "views/row_names.h"
+
+namespace views {
+
+/// What every grid view works with; all of it outlives the views.
+struct GridContext {
+  platform::Platform& platform;
+  const base::ProgramDir& dir;
+  const store::InstrumentStore& store;
+  store::UpdatePipeline& pipeline;
+  const ConfigVentanas& config;
+  /// Above 0 while the program ends: only then a view lets itself be closed.
+  const std::int16_t& FaseCierre;
+};
+
+/// What tells one grid view from another. Constants.
+struct GridDesign {
+  std::string_view caption;
+  platform::Rect rect;
+  const ColumnTable& columns;
+  std::string_view cam, pos;  // its files
+  int entrada = 1;            // entry of ConfigVentanas
+  int registro = 1;           // record of "COLORES.SET"
+};
+
+/// A market view: one grid under a command bar that slides away, one row per instrument. Shows the
+/// store in place, flashes what has changed, and remembers its layout. Closing only hides it; it
+/// goes on painting. Takes any text in names; a slot or row that isn't there paints nothing.
+class GridView : public platform::Window {
+ public:
+  GridView(const GridContext& context, const GridDesign& design);
+
+  platform::Grid G;
+  platform::PictureBox Picture1;                            // command bar; the rest stands on it
+  platform::Button Command1, Command2, Command3, Command4;  // chart, print, copy, save
+  platform::Button Command5;                                // out of sight; takes the focus back
+  platform::Label Label1;                                   // name of the row last clicked
+  platform::Timer Timer1;
+
+  /// Opens the chart of a row, 0 when none was clicked. Its button shows only when this is set
+  /// before the load.
+  std::function<void(int fila)> AbrirGrafico;
+
+  void Form_Resize();
+  void Timer1_Timer();
+  void Command1_Click();
+  void Command2_Click();
+  void Command3_Click();
+  void Command4_Click();
+  void G_Click();
+  void G_DblClick();
+  void G_MouseMove();
+  [[nodiscard]] int G_BeforeMoveColumn(int from, int to) const { return from == 0 ? 0 : to; }
+  void G_AfterUserResize() { Command4_Click(); }
+
+ protected:
+  bool OnQueryUnload() override;
+  void OnResize() override { Form_Resize(); }
+
+  [[nodiscard]] const GridContext& context() const { return context_; }
+  [[nodiscard]] const ConfigVentana& config() const {
+    return context_.config[static_cast<std::size_t>(design_.entrada)];
+  }
+  /// A slot that holds an instrument.
+  [[nodiscard]] bool IsSlot(int slot) const {
+    return slot >= 1 && slot <= context_.store.NumInstrumentos();
+  }
+
+  // Frame, used at load and when the settings have changed.
+  void ReadColors(bool write_first);
+  /// Headings by design or by file. Columns that are new get the design's width; those that a flag
+  /// turns on `flagged_width`.
+  void BuildColumns(int flagged_width);
+  void LoadLayout();
+  void ShowCommands();
+
+  // Rows.
+  void AddNameRow(const store::Instrumento& record);
+  void BuildRow(const store::Instrumento& record);
+  /// First row with the built row's name; 0 when there is none.
+  [[nodiscard]] int FindRow();
+  /// The slot's remembered row, else the first one with its name, which is then remembered.
+  [[nodiscard]] int RowOf(int slot);
+  /// Writes the built row and marks what has changed against the old texts.
+  void FlashRow(int row, base::Color color);
+  /// Writes the built row without a mark.
+  void PaintRow(int row, base::Color color);
+  /// Adds the built row in its place by name, and forgets all rows, as they have moved.
+  void InsertRow(base::Color color);
+  /// Sorts by `col` and selects the first cell.
+  void SortRows(int col);
+
+  views::ColFlags ColFlags{};
+  ColorRecord Colores;
+  std::int16_t FilaActual = 0;
+  std::int16_t HoverTicks = 0;
+
+ private:
+  struct Fila {
+    std::int16_t FilaFlash = 0;  // above 0 while the row carries flash colours
+    std::int16_t FilaTicks = 0;  // ticks it has been seen so
+    base::Color FilaColor = 0;   // text colour at rest
+  };
+
+  void Design();
+  void Wire();
+  void ClearFlash(int row, Fila& fila);
+  void CompileHeadings();
+  [[nodiscard]] Fila& FilaAt(int row);
+  void ShowCode(std::string_view name);
+  void OpenTickets(const std::string& name);
+  template <typename Visit>
+  void ForEachNamed(std::string_view name, const Visit& visit);
+
+  GridContext context_;
+  const GridDesign& design_;
+  CommandBar bar_;
+
+  std::array<std::int16_t, store::InstrumentStore::kMaxInstrumentos + 1> FilaDeInstrumento{};
+  std::vector<Fila> filas_;  // by row; moves with the rows
+  RowNames names_{G};
+  std::vector<Campo> campos_;  // by column, as of heading_changes_
+  unsigned heading_changes_ = 0;
+  platform::RowText row_text_;
+  std::vector<std::int8_t> moves_;  // by column while a row is compared
+  std::string name_;
+};
+
+}  // namespace views

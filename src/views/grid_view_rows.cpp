@@ -1,0 +1,118 @@
+#include <algorithm>
+
+#include "base/text.h"
+#include "base/val.h"
+#include "views/cell_text.h"
+#include "views/grid_view.h"
+
+// How rows are built, found, painted and sorted.
+namespace views {
+namespace {
+
+constexpr int kTicksLit = 1;
+
+// Texts are ordered as they stand, which runs the other way for negative numbers.
+bool IsNegative(std::string_view text) {
+  return text.find('-') != std::string_view::npos && base::Val(text).value_or(0) < 0;
+}
+
+}  // namespace
+
+GridView::Fila& GridView::FilaAt(int row) {
+  const auto rows = static_cast<std::size_t>(G.rows());
+  if (filas_.size() != rows) filas_.resize(rows);
+  return filas_[static_cast<std::size_t>(row)];
+}
+
+void GridView::CompileHeadings() {
+  heading_changes_ = G.heading_changes();
+  campos_.clear();
+  for (int c = 1; c < G.cols(); ++c) campos_.push_back(design_.columns.CampoOf(G.text(0, c)));
+}
+
+void GridView::BuildRow(const store::Instrumento& record) {
+  if (heading_changes_ != G.heading_changes()) CompileHeadings();
+  row_text_.Clear();
+  AppendName(row_text_.buffer(), record.Nombre);
+  row_text_.EndCell();
+  for (const Campo campo : campos_) {
+    AppendCell(row_text_.buffer(), campo, record);
+    row_text_.EndCell();
+  }
+}
+
+void GridView::AddNameRow(const store::Instrumento& record) {
+  name_.clear();
+  AppendName(name_, record.Nombre);
+  G.set_text(G.AddRow(), 0, name_);
+}
+
+int GridView::FindRow() { return names_.Find(base::Trim(row_text_.cell(0))); }
+
+int GridView::RowOf(int slot) {
+  std::int16_t& remembered = FilaDeInstrumento[static_cast<std::size_t>(slot)];
+  if (remembered == 0) remembered = base::ToInteger<std::int16_t>(FindRow()).value_or(0);
+  return remembered < G.rows() ? remembered : 0;
+}
+
+void GridView::FlashRow(int row, base::Color color) {
+  const int last = G.cols() - 1;
+  moves_.assign(static_cast<std::size_t>(last) + 1, 0);
+  moves_.back() = 1;  // always lit: the sign that the row is flashing
+  for (int c = 1; c < last; ++c) {
+    const std::string_view text = row_text_.cell(c);
+    const int order = text.compare(G.text(row, c));
+    if (order == 0) continue;
+    const bool rises = (order > 0) != IsNegative(text);
+    moves_[static_cast<std::size_t>(c)] = rises ? 1 : -1;
+  }
+  G.set_row_text(row, row_text_);
+  FilaAt(row) = {.FilaFlash = 1, .FilaTicks = 0, .FilaColor = color};
+  for (int c = 0; c <= last; ++c) {
+    const int move = moves_[static_cast<std::size_t>(c)];
+    if (move > 0) G.set_colors(row, c, Colores.ColorMovSube, Colores.ColorSubeFondo);
+    if (move < 0) G.set_colors(row, c, Colores.ColorMovBaja, Colores.ColorBajaFondo);
+  }
+}
+
+void GridView::PaintRow(int row, base::Color color) {
+  G.set_row_text(row, row_text_);
+  Fila& fila = FilaAt(row);
+  fila.FilaColor = color;
+  if (fila.FilaFlash == 0) {
+    G.set_row_colors(row, 0, color, platform::Grid::kUnset);
+    return;
+  }
+  for (int c = 0; c < G.cols(); ++c) G.set_fore(row, c, color);
+}
+
+void GridView::ClearFlash(int row, Fila& fila) {
+  if (G.back(row, G.cols() - 1) == config().VentanaFondo) return;
+  if (++fila.FilaTicks <= kTicksLit) return;
+  fila.FilaTicks = fila.FilaFlash = 0;
+  G.set_row_colors(row, 0, fila.FilaColor, platform::Grid::kUnset);
+}
+
+void GridView::InsertRow(base::Color color) {
+  FilaDeInstrumento.fill(0);
+  const bool in_order = names_.in_order();
+  PaintRow(G.AddRow(), color);
+  if (!in_order) return SortRows(0);
+  const int place = names_.PlaceLast();
+  std::rotate(filas_.begin() + place, filas_.end() - 1, filas_.end());
+  G.Select(1, 1, 1, 1);
+}
+
+void GridView::SortRows(int col) {
+  if (!G.Select(1, col, G.rows() - 1, col)) return;
+  const std::vector<int> former = G.SortAscending();
+  filas_.resize(former.size());
+  std::vector<Fila> moved;
+  moved.reserve(former.size());
+  for (const int row : former) moved.push_back(filas_[static_cast<std::size_t>(row)]);
+  filas_ = std::move(moved);
+  if (col == 0) names_.NoteOrder();
+  G.Select(1, 1, 1, 1);
+}
+
+}  // namespace views

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "platform/grid.h"
+
+namespace views {
+
+/// Finds the rows of a grid by their text in column 0, without the blanks at its ends, and keeps
+/// rows in the order of it. The grid outlives it and may be changed by anybody: what the names
+/// were known for is then learned anew.
+class RowNames {
+ public:
+  explicit RowNames(platform::Grid& grid) : grid_(grid) {}
+
+  /// First row from 1 on with that name; 0 when there is none.
+  [[nodiscard]] int Find(std::string_view name);
+
+  /// The rows have just been sorted by column 0.
+  void NoteOrder() { ordered_at_ = grid_.name_changes(); }
+  /// No name has changed since.
+  [[nodiscard]] bool in_order() const { return ordered_at_ == grid_.name_changes(); }
+  /// Puts the last row, the one thing added since `in_order` held, in its place, and gives that.
+  int PlaceLast();
+
+ private:
+  using Key = std::size_t;
+
+  [[nodiscard]] Key KeyAt(int row) const;
+  void Learn();
+
+  platform::Grid& grid_;
+  std::vector<Key> keys_;  // by row
+  unsigned learned_at_ = ~0U, ordered_at_ = ~0U;
+};
+
+}  // namespace views
