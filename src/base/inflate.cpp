@@ -40,9 +40,11 @@ class Inflater {
 
 }  // namespace
 
+bool IsCompressed(std::string_view text) { return text.starts_with(kMark); }
+
 bool Expand(std::string_view in, std::string& out, std::size_t limit) {
   constexpr std::size_t kMost = std::numeric_limits<uInt>::max();
-  if (!in.starts_with(kMark) || in.size() > kMost) return false;
+  if (!IsCompressed(in) || in.size() > kMost) return false;
   limit = std::min(limit, kMost);
   Inflater inflater(in.substr(kMark.size()));
   // Most market batches are no smaller than a quarter of their text, so one round does for them.

@@ -6,6 +6,9 @@
 
 namespace base {
 
+/// Whether `text` begins with "MQ", the mark of a compressed one.
+[[nodiscard]] bool IsCompressed(std::string_view text);
+
 /// Expands "MQ" followed by one zlib stream. `out` may share its bytes with nothing of `in`.
 /// Without "MQ", with a broken or unfinished stream, or when the result would pass `limit` bytes it
 /// returns false and leaves `out` as it was. Bytes after the end of the stream are ignored.

@@ -8,7 +8,6 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t kMaxItems = 512;
 constexpr std::size_t kMaxChars = 500;
 
 }  // namespace

@@ -24,9 +24,11 @@ struct TickerItem {
 
 /// A strip over which keyed items run from right to left. An item is replaced by taking its key
 /// out and putting it in again. Texts are cut at 500 characters for display, and hold no line ends.
-/// Past 4096 items the oldest goes.
+/// Past kMaxItems items the oldest goes.
 class Ticker : public Control {
  public:
+  static constexpr std::size_t kMaxItems = 512;
+
   /// How the strip moves: the kind of movement, milliseconds a step, and the three speeds of the
   /// control's own scale.
   struct Setup {

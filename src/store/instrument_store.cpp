@@ -11,6 +11,10 @@ constexpr std::size_t WholeBlocks(std::size_t count) {
   return (count + kCodeBlock - 1) / kCodeBlock * kCodeBlock;
 }
 
+std::size_t HashOf(CodeKey key) {
+  return static_cast<std::size_t>((key * 0x9E3779B97F4A7C15U) >> 40);
+}
+
 // Codes of books stand as they came; their keys differ wherever a byte does.
 CodeKey ExactKey(const Codigo& code) {
   CodeKey key = 0;
@@ -57,8 +61,14 @@ const Instrumento& InstrumentStore::Instrumentos(int slot) const {
 std::int16_t InstrumentStore::Buscar(std::string_view code) const {
   const CodeKey key = PackCode(code);
   if (key == kNoCode) return 0;
+  // Codes never move, so what the scan once found first is first for good.
+  std::int16_t& hit = hits_[HashOf(key) % hits_.size()];
+  if (codes_[static_cast<std::size_t>(hit)] == key) return hit;
   const std::span used(codes_.data(), WholeBlocks(instrumentos_.size()));
-  return static_cast<std::int16_t>(std::max(FindCode(used, key), 0));
+  const int found = FindCode(used, key);
+  if (found <= 0) return 0;
+  hit = static_cast<std::int16_t>(found);
+  return hit;
 }
 
 InstrumentStore::Scan InstrumentStore::Recorrer(std::string_view code) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -70,6 +71,7 @@ class InstrumentStore {
 
   std::vector<Instrumento> instrumentos_;  // never reallocated: references stay valid
   std::vector<CodeKey> codes_;             // by slot, in whole blocks
+  mutable std::array<std::int16_t, 4096> hits_{};  // where a key was last found; 0 nowhere
   std::vector<std::int16_t> nameless_;     // slots whose Nombre begins with a blank, ascending
   std::vector<LibroOrdenes> libros_;
   std::vector<CodeKey> book_codes_;        // by index, in whole blocks
