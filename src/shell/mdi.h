@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "base/val.h"
+#include "platform/controls.h"
+#include "platform/menu.h"
+#include "platform/ticker.h"
+#include "platform/timer.h"
+#include "platform/window.h"
+
+namespace shell {
+
+/// The main window: menu, status strip, both tickers. It stands first in the window list and paints
+/// nothing by itself; closing it ends the program.
+class MDI : public platform::Window {
+ public:
+  static constexpr const char* kCaption = "Cotirama Brizna 4.1";
+
+  explicit MDI(platform::Platform& platform);
+
+  platform::PictureBox Picture1;   // strip that holds the market ticker
+  platform::Ticker Tickctl1;       // market ticker
+  platform::PictureBox Picture3;   // strip that holds the status ticker
+  platform::Ticker Tickctl2;       // status ticker
+  platform::PictureBox Picture2;   // session light
+  platform::Label Label2;          // count of instruments
+  platform::Label LT, LF;          // server time and date
+  platform::CheckBox Check2;       // market ticker on or off
+  platform::Button Command3;       // brings up the board
+  platform::Timer Timer1;          // once a second
+
+  /// The menu bar; filled before the window is first shown.
+  std::vector<platform::MenuItem> menu;
+
+  /// 0 while the program runs, from 1 on while it closes.
+  std::int16_t FaseCierre = 0;
+
+  struct Steps {
+    std::function<void()> Cargar;      // the window is loading
+    std::function<bool()> Conectado;   // the feed socket is connected
+    std::function<bool()> Cerrado;     // the feed socket is closed
+    std::function<void()> Conectar;    // the user wants a session
+    std::function<void()> Desconectar; // the user wants none
+    std::function<void()> Terminar;    // the program is to stop
+  };
+  Steps steps;
+
+  void Timer1_Timer();
+  void Picture2_Click();
+  void Check2_Click();
+  void Form_Resize();
+
+ protected:
+  void OnLoad() override;
+  bool OnQueryUnload() override;
+  void OnResize() override;
+};
+
+}  // namespace shell

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "base/program_dir.h"
+
+namespace shell {
+
+class Terminal;
+
+/// The load of the main window: prepares the tick directory, loads the market windows hidden, sets
+/// up both tickers, reads the colours and applies them. A step that fails leaves its default. Reads
+/// and creates "Colores.QUO", empties "Ticks".
+void StartUp(Terminal& terminal, const base::ProgramDir& directory);
+
+}  // namespace shell

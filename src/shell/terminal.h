@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+
+#include "base/program_dir.h"
+#include "feed/conecta.h"
+#include "platform/platform.h"
+#include "shell/mdi.h"
+#include "shell/start_up.h"
+#include "store/instrument_store.h"
+#include "store/update_pipeline.h"
+#include "views/color_records.h"
+#include "views/continuo.h"
+
+namespace shell {
+
+/// Owns every object of the program and joins them. `platform` outlives it. A test builds as many
+/// as it likes.
+class Terminal {
+ public:
+  /// `directory` holds every file of the program.
+  Terminal(platform::Platform& platform, base::ProgramDir directory);
+  ~Terminal();
+
+  /// Brings the program up to its shown main window with the login window in front.
+  void Start();
+  /// Called once when the main window has closed and the program may end.
+  std::function<void()> on_end;
+
+  /// The login window in front, the cursor in its first field.
+  void ShowLogin();
+
+ private:
+  void JoinMainWindow();
+  void JoinPipeline();
+  void Stop();
+
+  platform::Platform& platform_;
+  base::ProgramDir directory_;
+
+ public:
+  // The program's single objects, in the order in which they need one another.
+  views::ConfigVentanas ConfigVentana;
+  store::InstrumentStore store;
+  shell::MDI MDI;
+  store::UpdatePipeline pipeline;
+  feed::Conecta Conecta;
+  views::Continuo Continuo;
+};
+
+}  // namespace shell
