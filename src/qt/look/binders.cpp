@@ -1,0 +1,160 @@
+#include "qt/look/binders.h"
+
+#include <utility>
+
+#include "qt/look/grid_widget.h"
+#include "qt/look/small_widgets.h"
+#include "qt/look/text.h"
+#include "qt/look/theme.h"
+#include "qt/look/ticker_widget.h"
+
+namespace qt {
+namespace {
+
+constexpr int kNoLimit = 32767;
+
+void ShowName(QWidget& widget, const QString& name) {
+  if (widget.accessibleName() != name) widget.setAccessibleName(name);
+}
+
+/// `caption` names the control to those who can't see it; else its tool tip does.
+void ShowCommon(const platform::Control& control, QWidget& widget, std::string_view caption) {
+  if (widget.isHidden() == control.visible()) widget.setVisible(control.visible());
+  if (widget.isEnabledTo(widget.parentWidget()) != control.enabled()) {
+    widget.setEnabled(control.enabled());
+  }
+  const QString tip = ToolTipText(control.tool_tip());
+  if (widget.toolTip() != tip) widget.setToolTip(tip);
+  if (!caption.empty()) {
+    ShowName(widget, SpokenCaption(caption));
+  } else if (!control.tool_tip().empty()) {
+    ShowName(widget, Text(control.tool_tip()));
+  }
+}
+
+void ShowColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
+  if (widget.palette().color(role) == color) return;
+  QPalette palette = widget.palette();
+  palette.setColor(role, color);
+  widget.setPalette(palette);
+}
+
+}  // namespace
+
+class Binders::Bond : public Refreshable, public platform::Watcher {
+ public:
+  Bond(Binders& binders, platform::Control& model, std::function<void()> show)
+      : binders_(binders), model_(model), show_(std::move(show)) {
+    Refresh();
+    model_.set_watcher(this);
+  }
+  ~Bond() override { model_.set_watcher(nullptr); }
+
+  void Touched(platform::Model&) override { binders_.clock_.Want(*this); }
+  void Refresh() override {
+    model_.Clean();
+    show_();
+  }
+  [[nodiscard]] bool Ready() const override {
+    return binders_.host_.isVisible() && !binders_.host_.window()->isMinimized();
+  }
+
+ private:
+  Binders& binders_;
+  platform::Control& model_;
+  std::function<void()> show_;
+};
+
+Binders::Binders(QWidget& host, FrameClock& clock) : host_(host), clock_(clock) {}
+
+Binders::~Binders() {
+  for (const auto& drop : drops_) drop();
+}
+
+void Binders::Follow(platform::Control& model, QWidget& widget, std::function<void()> show) {
+  widgets_[&model] = &widget;
+  bonds_.push_back(std::make_unique<Bond>(*this, model, std::move(show)));
+}
+
+void Binders::Bind(platform::Label& label, LabelWidget& widget, Colors colors) {
+  Follow(label, widget, [&label, &widget, colors] {
+    const QString text = Text(label.caption());
+    if (widget.text() != text) widget.setText(text);
+    if (colors == Colors::model) {
+      ShowColor(widget, QPalette::WindowText, ColorOf(label.fore()));
+      widget.set_ground(ColorOf(label.back()));
+    }
+    ShowCommon(label, widget, {});
+    ShowName(widget, text);
+  });
+  widget.on_click = [&label] { label.Click(); };
+  widget.on_double_click = [&label] { label.DoubleClick(); };
+  drops_.push_back([&widget] { widget.on_click = widget.on_double_click = nullptr; });
+}
+
+void Binders::Bind(platform::TextBox& box, QLineEdit& widget) {
+  Follow(box, widget, [&box, &widget] {
+    widget.setMaxLength(box.max_length() > 0 ? box.max_length() : kNoLimit);
+    widget.setEchoMode(box.password() ? QLineEdit::Password : QLineEdit::Normal);
+    const QString text = Text(box.text());
+    if (widget.text() != text) widget.setText(text);
+    ShowCommon(box, widget, box.label());
+  });
+  QObject::connect(&widget, &QLineEdit::textEdited, &context_,
+                   [&box](const QString& text) { box.set_text(text.toStdString()); });
+}
+
+void Binders::Bind(platform::Button& button, QPushButton& widget) {
+  Follow(button, widget, [&button, &widget] {
+    const QString caption = Text(button.caption());
+    if (widget.text() != caption) widget.setText(caption);
+    ShowCommon(button, widget, button.caption());
+  });
+  QObject::connect(&widget, &QPushButton::clicked, &context_, [&button] { button.Click(); });
+}
+
+void Binders::Bind(platform::CheckBox& box, QCheckBox& widget) {
+  Follow(box, widget, [&box, &widget] {
+    const QString caption = Text(box.caption());
+    if (widget.text() != caption) widget.setText(caption);
+    if (widget.isChecked() != (box.value() == 1)) widget.setChecked(box.value() == 1);
+    ShowCommon(box, widget, box.caption());
+  });
+  QObject::connect(&widget, &QCheckBox::clicked, &context_,
+                   [&box](bool checked) { box.set_value(checked ? 1 : 0); });
+}
+
+void Binders::Bind(platform::PictureBox& picture, PictureWidget& widget) {
+  Follow(picture, widget, [&picture, &widget] {
+    widget.set_picture(picture.picture());
+    ShowCommon(picture, widget, {});
+  });
+  QObject::connect(&widget, &QAbstractButton::clicked, &context_, [&picture] { picture.Click(); });
+}
+
+void Binders::Bind(platform::Ticker& ticker, TickerWidget& widget) {
+  Follow(ticker, widget, [&ticker, &widget] {
+    ShowCommon(ticker, widget, {});
+    widget.Refresh();
+  });
+  drops_.push_back([&widget] { widget.Drop(); });
+}
+
+void Binders::Bind(platform::Grid& grid, GridWidget& widget) {
+  Follow(grid, widget, [&grid, &widget] {
+    if (widget.isHidden() == grid.visible()) widget.setVisible(grid.visible());
+    widget.Refresh();
+  });
+  drops_.push_back([&widget] { widget.Drop(); });
+}
+
+void Binders::BindPanel(platform::PictureBox& panel, QWidget& widget) {
+  Follow(panel, widget, [&panel, &widget] { ShowCommon(panel, widget, {}); });
+}
+
+QWidget* Binders::WidgetOf(const platform::Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+}  // namespace qt

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QObject>
+#include <QPushButton>
+
+#include "platform/control.h"
+#include "platform/controls.h"
+#include "platform/grid.h"
+#include "platform/ticker.h"
+#include "qt/ports/frame_clock.h"
+
+namespace qt {
+
+class GridWidget;
+class LabelWidget;
+class PictureWidget;
+class TickerWidget;
+
+/// Ties the widgets of one window to their models. What the program writes reaches the widget with
+/// the next frame in which `host`, the window's widget, is visible; what the user does goes to the
+/// model at once. Models, host and clock outlive it; it ends before the widgets.
+class Binders {
+ public:
+  Binders(QWidget& host, FrameClock& clock);
+  ~Binders();
+  Binders(const Binders&) = delete;
+  Binders& operator=(const Binders&) = delete;
+
+  /// Whether a label takes the colours of its model or those of the theme.
+  enum class Colors { model, theme };
+  void Bind(platform::Label& label, LabelWidget& widget, Colors colors = Colors::model);
+  void Bind(platform::TextBox& box, QLineEdit& widget);
+  void Bind(platform::Button& button, QPushButton& widget);
+  void Bind(platform::CheckBox& box, QCheckBox& widget);
+  void Bind(platform::PictureBox& picture, PictureWidget& widget);
+  void Bind(platform::Ticker& ticker, TickerWidget& widget);
+  void Bind(platform::Grid& grid, GridWidget& widget);
+  /// A panel that other controls stand on.
+  void BindPanel(platform::PictureBox& panel, QWidget& widget);
+  /// Runs `show` with the frame after each change of `model`, and once now.
+  void Follow(platform::Control& model, QWidget& widget, std::function<void()> show);
+
+  [[nodiscard]] QWidget* WidgetOf(const platform::Control& control) const;
+  /// For connections that end with this object.
+  [[nodiscard]] QObject* context() { return &context_; }
+
+ private:
+  class Bond;
+
+  QWidget& host_;
+  FrameClock& clock_;
+  QObject context_;
+  std::vector<std::function<void()>> drops_;
+  std::vector<std::unique_ptr<Bond>> bonds_;
+  std::unordered_map<const platform::Control*, QWidget*> widgets_;
+};
+
+}  // namespace qt

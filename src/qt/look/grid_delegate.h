@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QAbstractItemDelegate>
+
+#include "platform/grid.h"
+#include "qt/look/cell_text.h"
+
+namespace qt {
+
+/// Paints the cells straight from the grid: colours, lines and text, then what marks the current
+/// row and the one under the mouse without hiding the colours of cells.
+class GridDelegate : public QAbstractItemDelegate {
+ public:
+  static constexpr int kPadding = 7;
+
+  explicit GridDelegate(const platform::Grid& grid, QObject* parent = nullptr);
+
+  /// The fonts of name and size that the grid asks for.
+  void TakeFonts();
+  [[nodiscard]] int row_height() const;
+  [[nodiscard]] const QFont& font() const { return text_.font(); }
+  /// Qt's rows, -1 for none. A view without the focus marks its current row more quietly.
+  void set_hover(int row) { hover_ = row; }
+  void set_current(const QModelIndex& index, bool focus) {
+    current_row_ = index.row();
+    current_col_ = index.column();
+    focus_ = focus;
+  }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override;
+
+ private:
+  void DrawLines(QPainter& painter, const QRect& cell, const QColor& back) const;
+  void DrawCurrent(QPainter& painter, const QRect& cell, int col) const;
+
+  const platform::Grid& grid_;
+  mutable CellText name_, text_;  // the first column, the others
+  int hover_ = -1, current_row_ = -1, current_col_ = -1;
+  bool focus_ = false;
+};
+
+}  // namespace qt

@@ -1,0 +1,314 @@
+#include "qt/look/grid_widget.h"
+
+#include <algorithm>
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include "qt/look/text.h"
+#include "qt/look/theme.h"
+#include "qt/ports/twips.h"
+
+namespace qt {
+
+GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
+    : QTableView(parent),
+      grid_(&grid),
+      model_(std::make_unique<GridModel>(grid)),
+      delegate_(new GridDelegate(grid, this)),
+      header_(new GridHeader(this)) {
+  setFrameShape(QFrame::NoFrame);
+  setShowGrid(false);
+  setWordWrap(false);
+  setCornerButtonEnabled(false);
+  setTabKeyNavigation(false);
+  setEditTriggers(NoEditTriggers);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setHorizontalScrollMode(ScrollPerPixel);
+  viewport()->setMouseTracking(true);
+  viewport()->setAutoFillBackground(true);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setMinimumSectionSize(1);
+  setItemDelegate(delegate_);
+  setHorizontalHeader(header_);
+  setModel(model_.get());
+  JoinHeader();
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
+    if (following_ || !grid_) return;
+    grid_->set_top_row(value + 1);
+    top_seen_ = grid_->top_row();
+  });
+  FollowLook();
+  FollowWidths();
+  FollowCurrent();
+}
+
+void GridWidget::Drop() {
+  setModel(nullptr);
+  setItemDelegate(nullptr);
+  header_->on_hover = header_->on_click = header_->on_double_click = nullptr;
+  header_->on_move = nullptr;
+  header_->on_resize = nullptr;
+  header_->on_resized = nullptr;
+  on_menu = nullptr;
+  grid_ = nullptr;
+}
+
+void GridWidget::JoinHeader() {
+  header_->on_hover = [this](int col) {
+    grid_->mouse_row = col < 0 ? -1 : 0;
+    grid_->mouse_col = col;
+    if (col >= 0 && grid_->on_mouse_move) grid_->on_mouse_move();
+  };
+  header_->on_click = [this](int col) {
+    PointAt(0, col);
+    if (grid_->on_click) grid_->on_click();
+  };
+  header_->on_double_click = [this](int col) {
+    PointAt(0, col);
+    if (grid_->on_double_click) grid_->on_double_click();
+  };
+  header_->on_move = [this](int from, int to) { MoveColumn(from, to); };
+  header_->on_resize = [this](int col, int width) { grid_->set_width(col, ToTwips(width)); };
+  header_->on_resized = [this] {
+    if (grid_->on_after_user_resize) grid_->on_after_user_resize();
+  };
+  connect(header_, &QHeaderView::sectionHandleDoubleClicked, this, [this](int col) {
+    grid_->set_width(col, ToTwips(header_->sectionSize(col)));
+    if (grid_->on_after_user_resize) grid_->on_after_user_resize();
+  });
+}
+
+int GridWidget::LastShownRow() const {
+  const int last = rowAt(viewport()->height() - 1);
+  return last < 0 ? model_->rowCount() - 1 : last;
+}
+
+void GridWidget::Refresh() {
+  const platform::Grid::Changes changes = grid_->TakeChanges();
+  const QScopedValueRollback<bool> guard(following_, true);
+  if (changes.all) FollowLook();
+  model_->Follow(changes, std::max(rowAt(0), 0), LastShownRow());
+  if (changes.all) FollowWidths();
+  FollowCurrent();
+  FollowTopRow();
+}
+
+void GridWidget::FollowLook() {
+  delegate_->TakeFonts();
+  if (verticalHeader()->defaultSectionSize() != delegate_->row_height()) {
+    verticalHeader()->setDefaultSectionSize(delegate_->row_height());
+  }
+  QFont heading = delegate_->font();
+  heading.setWeight(QFont::Medium);
+  if (header_->font() != heading) header_->setFont(heading);
+  QPalette ground = palette();
+  const QColor back = ColorOf(grid_->back_color());
+  if (ground.color(QPalette::Base) == back) return;
+  ground.setColor(QPalette::Base, back);
+  viewport()->setPalette(ground);
+}
+
+void GridWidget::FollowWidths() {
+  for (int col = 0; col < model_->columnCount(); ++col) {
+    const int width = ToPixels(grid_->width(col));
+    if (header_->sectionSize(col) != width) header_->resizeSection(col, width);
+  }
+}
+
+// Screen readers ask for the current cell as soon as there are any, so there always is one.
+void GridWidget::FollowCurrent() {
+  const QModelIndex current = currentIndex();
+  int row = grid_->row() - 1;
+  if (row < 0) row = current.isValid() ? current.row() : 0;
+  const QModelIndex wanted = model_->index(row, grid_->col());
+  if (wanted == current || !wanted.isValid()) return;
+  const QScopedValueRollback<bool> guard(following_, true);
+  setAutoScroll(false);
+  setCurrentIndex(wanted);
+  setAutoScroll(true);
+}
+
+void GridWidget::FollowTopRow() {
+  if (grid_->top_row() == top_seen_) return;
+  top_seen_ = grid_->top_row();
+  verticalScrollBar()->setValue(std::max(top_seen_ - 1, 0));
+}
+
+void GridWidget::updateGeometries() {
+  const QScopedValueRollback<bool> guard(following_, true);
+  QTableView::updateGeometries();
+}
+
+void GridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (!grid_) return;
+  delegate_->set_current(current, hasFocus());
+  UpdateRow(previous.row());
+  UpdateRow(current.row());
+  if (following_ || !current.isValid()) return;
+  grid_->set_row(current.row() + 1);
+  grid_->set_col(current.column());
+}
+
+void GridWidget::PointAt(int row, int col) {
+  grid_->mouse_row = row;
+  grid_->mouse_col = col;
+}
+
+void GridWidget::MoveColumn(int from, int to) {
+  if (grid_->on_before_move_column) to = grid_->on_before_move_column(from, to);
+  if (from != 0) grid_->MoveColumn(from, std::max(to, 1));
+}
+
+void GridWidget::Widen(int px) {
+  const int col = currentIndex().column();
+  grid_->set_width(col, std::clamp(grid_->width(col) + ToTwips(px), ToTwips(20), 15000));
+  if (grid_->on_after_user_resize) grid_->on_after_user_resize();
+}
+
+bool GridWidget::RunCommandKey(const QKeyEvent& event) {
+  const QModelIndex current = currentIndex();
+  if (!current.isValid()) return false;
+  const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+  const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  const int step = event.key() == Qt::Key_Left ? -1 : 1;
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      PointAt(current.row() + 1, 0);
+      if (grid_->on_double_click) grid_->on_double_click();
+      return true;
+    case Qt::Key_O:
+      if (!control) return false;
+      header_->on_double_click(current.column());
+      return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      if (!control) return false;
+      if (shift) {
+        Widen(step * 8);
+      } else if (const int to = current.column() + step;
+                 current.column() > 0 && to > 0 && to < model_->columnCount()) {
+        MoveColumn(current.column(), to);
+        setCurrentIndex(model_->index(current.row(), to));
+      }
+      return true;
+    default:
+      return false;
+  }
+}
+
+void GridWidget::keyPressEvent(QKeyEvent* event) {
+  if (!grid_ || RunCommandKey(*event)) return;
+  const int before = currentIndex().row();
+  const bool plain = event->modifiers() == Qt::NoModifier;
+  if (plain && event->key() == Qt::Key_Home) {
+    setCurrentIndex(model_->index(0, currentIndex().column()));
+  } else if (plain && event->key() == Qt::Key_End) {
+    setCurrentIndex(model_->index(model_->rowCount() - 1, currentIndex().column()));
+  } else {
+    QTableView::keyPressEvent(event);
+  }
+  const QModelIndex now = currentIndex();
+  if (now.row() == before || !now.isValid()) return;
+  PointAt(now.row() + 1, now.column());
+  if (grid_->on_click) grid_->on_click();
+}
+
+void GridWidget::mouseMoveEvent(QMouseEvent* event) {
+  QTableView::mouseMoveEvent(event);
+  if (!grid_) return;
+  const QPoint at = event->position().toPoint();
+  const int row = rowAt(at.y());
+  SetHover(row);
+  PointAt(row < 0 ? -1 : row + 1, columnAt(at.x()));
+  if (grid_->on_mouse_move) grid_->on_mouse_move();
+}
+
+void GridWidget::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QModelIndex hit = indexAt(event->position().toPoint());
+  if (!grid_ || event->button() != Qt::LeftButton || !hit.isValid()) return;
+  PointAt(hit.row() + 1, hit.column());
+  if (grid_->on_click) grid_->on_click();
+}
+
+void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex hit = indexAt(event->position().toPoint());
+  if (!grid_ || event->button() != Qt::LeftButton || !hit.isValid()) return;
+  PointAt(hit.row() + 1, hit.column());
+  if (grid_->on_double_click) grid_->on_double_click();
+}
+
+void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
+  if (!grid_) return;
+  QMenu menu(this);
+  const int col = currentIndex().column();
+  if (col >= 0) {
+    const QString heading = WithoutMnemonic(grid_->text(0, col)).trimmed();
+    auto* sort = menu.addAction(QStringLiteral("&Ordenar por %1").arg(heading),
+                                [this, col] { header_->on_double_click(col); });
+    sort->setShortcut(Qt::CTRL | Qt::Key_O);
+    menu.addSeparator();
+  }
+  if (on_menu) on_menu(menu);
+  const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
+  const QPoint foot = visualRect(currentIndex()).bottomLeft();
+  if (!menu.isEmpty()) menu.exec(by_key ? viewport()->mapToGlobal(foot) : event->globalPos());
+}
+
+bool GridWidget::viewportEvent(QEvent* event) {
+  if (!grid_) return QTableView::viewportEvent(event);
+  if (event->type() == QEvent::Leave) {
+    SetHover(-1);
+    PointAt(-1, -1);
+  } else if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int row = rowAt(help->y());
+    const QRect area(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    if (row >= 0) {
+      QToolTip::showText(help->globalPos(), ToolTipText(grid_->tool_tip()), viewport(), area);
+    }
+    return true;
+  }
+  return QTableView::viewportEvent(event);
+}
+
+void GridWidget::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  delegate_->set_current(currentIndex(), true);
+  UpdateRow(currentIndex().row());
+}
+
+void GridWidget::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  delegate_->set_current(currentIndex(), false);
+  UpdateRow(currentIndex().row());
+}
+
+void GridWidget::scrollContentsBy(int dx, int dy) {
+  QTableView::scrollContentsBy(dx, dy);
+  if (hover_ >= 0) SetHover(rowAt(viewport()->mapFromGlobal(QCursor::pos()).y()));
+}
+
+void GridWidget::SetHover(int row) {
+  if (row == hover_) return;
+  UpdateRow(std::exchange(hover_, row));
+  delegate_->set_hover(row);
+  UpdateRow(row);
+}
+
+void GridWidget::UpdateRow(int row) {
+  if (row < 0) return;
+  viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+}
+
+}  // namespace qt

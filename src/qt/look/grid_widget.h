@@ -1,0 +1,68 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <QTableView>
+
+#include "platform/grid.h"
+#include "qt/look/grid_delegate.h"
+#include "qt/look/grid_header.h"
+#include "qt/look/grid_model.h"
+
+class QMenu;
+
+namespace qt {
+
+/// Shows a grid and turns mouse and keys into its hooks. Besides moving about: Enter and Space are
+/// a double click on the row's name, Ctrl+O on the heading of the current column (sorts), Ctrl+Left
+/// and Ctrl+Right move the current column, Ctrl+Shift+Left and Ctrl+Shift+Right narrow and widen
+/// it. The grid must live until `Drop`, after which the widget is empty.
+class GridWidget : public QTableView {
+ public:
+  explicit GridWidget(platform::Grid& grid, QWidget* parent = nullptr);
+
+  /// Brings the screen up to the grid; costs what has changed and can be seen.
+  void Refresh();
+  void Drop();
+
+  /// Fills the menu that the right button and the menu key open.
+  std::function<void(QMenu&)> on_menu;
+
+ protected:
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void updateGeometries() override;
+
+ private:
+  void JoinHeader();
+  void FollowLook();
+  void FollowWidths();
+  void FollowCurrent();
+  void FollowTopRow();
+  bool RunCommandKey(const QKeyEvent& event);
+  void PointAt(int row, int col);
+  void MoveColumn(int from, int to);
+  void Widen(int px);
+  void SetHover(int row);
+  void UpdateRow(int row);
+  [[nodiscard]] int LastShownRow() const;
+
+  platform::Grid* grid_;
+  std::unique_ptr<GridModel> model_;
+  GridDelegate* delegate_;
+  GridHeader* header_;
+  int hover_ = -1;
+  int top_seen_ = 0;
+  bool following_ = false;  // the model moves the screen, not the user
+};
+
+}  // namespace qt

@@ -1,0 +1,134 @@
+#include "qt/look/style_parts.h"
+
+#include <QPainterPath>
+
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+constexpr int kMenuSide = 14, kMenuGap = 28, kMenuRow = 30, kSeparatorRow = 9;
+
+}  // namespace
+
+void DrawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& line,
+                 double radius) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(line);
+  painter.setBrush(fill);
+  painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  painter.restore();
+}
+
+bool IsDefaultButton(const QStyleOption& option) {
+  const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+  return button && button->features.testFlag(QStyleOptionButton::DefaultButton) &&
+         option.state.testFlag(QStyle::State_Enabled);
+}
+
+void DrawButtonPanel(const QStyleOption& option, QPainter& painter) {
+  const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+  const bool down = option.state.testFlag(QStyle::State_Sunken);
+  const bool hover = option.state.testFlag(QStyle::State_MouseOver) &&
+                     option.state.testFlag(QStyle::State_Enabled);
+  const bool main = IsDefaultButton(option);
+  QColor fill = main ? tone::kAccent : tone::kRaised;
+  if (down)
+    fill = fill.darker(125);
+  else if (hover)
+    fill = Mix(fill, Qt::white, main ? 0.18 : 0.08);
+  const QColor line =
+      focus ? (main ? QColor(Qt::white) : tone::kAccent) : (main ? fill : tone::kLine);
+  DrawRounded(painter, option.rect, fill, line);
+  if (focus)
+    DrawRounded(painter, QRectF(option.rect).adjusted(1, 1, -1, -1), Qt::transparent, line);
+}
+
+void DrawCheckMark(const QStyleOption& option, QPainter& painter) {
+  const bool on = option.state.testFlag(QStyle::State_On);
+  const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+  const bool hover = option.state.testFlag(QStyle::State_MouseOver);
+  const QColor fill = on ? tone::kAccent : tone::kRaised;
+  DrawRounded(painter, option.rect, fill,
+              on ? fill : (focus || hover ? tone::kAccent : Mix(tone::kLine, tone::kMuted, 0.4)),
+              3.5);
+  if (!on) return;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(tone::kOnAccent, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QRectF r(option.rect);
+  QPainterPath tick({r.left() + r.width() * 0.25, r.top() + r.height() * 0.52});
+  tick.lineTo(r.left() + r.width() * 0.43, r.top() + r.height() * 0.70);
+  tick.lineTo(r.left() + r.width() * 0.76, r.top() + r.height() * 0.31);
+  painter.drawPath(tick);
+  painter.restore();
+}
+
+void DrawTitleSign(QPainter& painter, QStyle::SubControl control, const QRectF& rect) {
+  const QPointF c = rect.center();
+  constexpr double kHalf = 4.5;
+  const QRectF box(c.x() - kHalf, c.y() - kHalf, 2 * kHalf, 2 * kHalf);
+  switch (control) {
+    case QStyle::SC_TitleBarMinButton:
+      painter.drawLine(QPointF(box.left(), box.bottom() - 1),
+                       QPointF(box.right(), box.bottom() - 1));
+      break;
+    case QStyle::SC_TitleBarMaxButton:
+      painter.drawRect(box.adjusted(0, 0.5, 0, -0.5));
+      break;
+    case QStyle::SC_TitleBarNormalButton:
+      painter.drawRect(box.adjusted(0, 3, -3, 0));
+      painter.drawPolyline(QPolygonF({{box.left() + 3, box.top()},
+                                      {box.right(), box.top()},
+                                      {box.right(), box.bottom() - 3}}));
+      break;
+    default:
+      painter.drawLine(box.topLeft(), box.bottomRight());
+      painter.drawLine(box.topRight(), box.bottomLeft());
+  }
+}
+
+void DrawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter) {
+  painter.fillRect(option.rect, tone::kGround);
+  if (option.minimum >= option.maximum) return;
+  const bool lit = option.state.testFlag(QStyle::State_Sunken) ||
+                   (option.state.testFlag(QStyle::State_MouseOver) &&
+                    option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider));
+  const QColor color = lit ? Mix(tone::kLine, tone::kMuted, 0.6) : tone::kLine;
+  DrawRounded(painter, QRectF(slider).adjusted(2, 2, -2, -2), color, color);
+}
+
+void DrawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter) {
+  painter.fillRect(option.rect, tone::kWindow);
+  if (option.menuItemType == QStyleOptionMenuItem::Separator) {
+    painter.fillRect(option.rect.left() + 8, option.rect.center().y(), option.rect.width() - 16, 1,
+                     tone::kLine);
+    return;
+  }
+  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+  const bool lit = enabled && option.state.testFlag(QStyle::State_Selected);
+  if (lit) {
+    DrawRounded(painter, QRectF(option.rect).adjusted(3, 1, -3, -1), tone::kAccent, tone::kAccent);
+  }
+  const auto texts = option.text.split(QLatin1Char('\t'));
+  const QRect place = option.rect.adjusted(kMenuSide, 0, -kMenuSide, 0);
+  constexpr int kLine = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextSingleLine;
+  painter.setFont(option.font);
+  painter.setPen(lit ? tone::kOnAccent : enabled ? tone::kText : tone::kMuted);
+  painter.drawText(place, kLine | Qt::AlignLeft, texts[0]);
+  if (texts.size() < 2) return;
+  painter.setPen(lit ? tone::kOnAccent : tone::kMuted);
+  painter.drawText(place, kLine | Qt::AlignRight, texts[1]);
+}
+
+QSize MenuItemSize(const QStyleOptionMenuItem& option) {
+  if (option.menuItemType == QStyleOptionMenuItem::Separator) return {10, kSeparatorRow};
+  const QFontMetrics metrics(option.font);
+  const auto texts = option.text.split(QLatin1Char('\t'));
+  int width = metrics.size(Qt::TextShowMnemonic, texts[0]).width() + 2 * kMenuSide + kMenuGap;
+  if (texts.size() > 1) width += metrics.horizontalAdvance(texts[1]) + kMenuGap;
+  return {width, kMenuRow};
+}
+
+}  // namespace qt

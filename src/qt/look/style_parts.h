@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+// The pieces that the style is drawn from.
+namespace qt {
+
+/// A rectangle with round corners and a hairline.
+void DrawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& line,
+                 double radius = 5);
+[[nodiscard]] bool IsDefaultButton(const QStyleOption& option);
+void DrawButtonPanel(const QStyleOption& option, QPainter& painter);
+void DrawCheckMark(const QStyleOption& option, QPainter& painter);
+/// The sign of a title bar's button in the middle of `rect`, with the pen of the painter.
+void DrawTitleSign(QPainter& painter, QStyle::SubControl control, const QRectF& rect);
+void DrawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter);
+void DrawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter);
+[[nodiscard]] QSize MenuItemSize(const QStyleOptionMenuItem& option);
+
+}  // namespace qt

@@ -1,0 +1,29 @@
+#include "qt/look/text.h"
+
+#include <QTextDocument>
+
+namespace qt {
+
+QString ToolTipText(std::string_view plain) {
+  while (!plain.empty() && plain.back() == ' ') plain.remove_suffix(1);
+  const QString text = Text(plain);
+  if (!Qt::mightBeRichText(text)) return text;
+  return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
+}
+
+QString SpokenCaption(std::string_view caption) {
+  QString spoken;
+  for (std::size_t i = 0; i < caption.size();) {
+    if (caption[i] == '&') ++i;
+    const std::size_t end = caption.find('&', i + (i < caption.size() && caption[i] == '&'));
+    spoken += Text(caption.substr(i, end - i));
+    i = end == std::string_view::npos ? caption.size() : end;
+  }
+  return spoken;
+}
+
+QString WithoutMnemonic(std::string_view plain) {
+  return Text(plain).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+}  // namespace qt

@@ -1,0 +1,193 @@
+#include "qt/ports/window_frame.h"
+
+#include <utility>
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include "qt/ports/twips.h"
+
+namespace qt {
+namespace {
+
+using State = platform::Window::State;
+
+State StateOf(const QWidget& widget) {
+  if (widget.isMinimized()) return State::minimized;
+  return widget.isMaximized() ? State::maximized : State::normal;
+}
+
+Qt::WindowStates FlagOf(State state) {
+  switch (state) {
+    case State::minimized:
+      return Qt::WindowMinimized;
+    case State::maximized:
+      return Qt::WindowMaximized;
+    default:
+      return Qt::WindowNoState;
+  }
+}
+
+bool HasSize(const platform::Rect& rect) { return rect.width > 0 && rect.height > 0; }
+
+}  // namespace
+
+QString TitleText(std::string_view caption) {
+  QString title = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
+  return title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
+WindowFrame::WindowFrame(platform::Window& window, Look look, FrameClock& clock, QMdiArea* area)
+    : window_(window), look_(std::move(look)), clock_(clock), outer_(look_.widget) {
+  if (look_.place == Place::child && area) {
+    area_ = area;
+    auto* frame = new QMdiSubWindow;
+    frame->setWidget(look_.widget);
+    area->addSubWindow(frame);
+    frame->hide();
+    outer_ = frame;
+    look_.widget->installEventFilter(this);
+  } else if (look_.place == Place::dialog) {
+    look_.widget->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                 Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                                 Qt::WindowCloseButtonHint);
+  }
+  outer_->setAttribute(Qt::WA_DeleteOnClose, false);
+  outer_->setAttribute(Qt::WA_QuitOnClose, false);
+  outer_->installEventFilter(this);
+  window_.set_watcher(this);
+}
+
+WindowFrame::~WindowFrame() {
+  window_.set_watcher(nullptr);
+  look_.bond.reset();
+  if (!outer_) return;
+  outer_->removeEventFilter(this);
+  outer_->hide();
+  outer_->deleteLater();
+}
+
+void WindowFrame::Show(const QWidget* over) {
+  if (!outer_) return;
+  const bool placed = HasSize(window_.rect()) || outer_->testAttribute(Qt::WA_Moved);
+  const State state = window_.state() == State::maximized ? State::maximized : State::normal;
+  showing_ = true;
+  Apply();
+  if (!placed && !area_) Centre(over);
+  outer_->setWindowState((outer_->windowState() & Qt::WindowActive) | FlagOf(state));
+  outer_->show();
+  showing_ = false;
+  Activate();
+  Report();
+}
+
+void WindowFrame::Centre(const QWidget* over) {
+  const QRect screen = outer_->screen()->availableGeometry();
+  if (look_.place == Place::dialog) outer_->adjustSize();
+  // Room for what the window manager adds.
+  constexpr QSize kFrame(16, 48);
+  outer_->resize(outer_->size().boundedTo(screen.size() - kFrame));
+  const QRect below = over ? over->geometry() : screen;
+  outer_->move(below.center() - outer_->rect().center());
+}
+
+void WindowFrame::Hide() {
+  if (outer_) outer_->hide();
+}
+
+void WindowFrame::Focus(platform::Control& control) {
+  QWidget* widget = outer_ && look_.widget_of ? look_.widget_of(control) : nullptr;
+  if (!widget) return;
+  Activate();
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+void WindowFrame::Raise() {
+  if (Ready() && !outer_->isMinimized()) outer_->raise();
+}
+
+void WindowFrame::Activate() {
+  if (area_) {
+    area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(outer_.data()));
+  } else {
+    outer_->activateWindow();
+  }
+  outer_->raise();
+}
+
+void WindowFrame::Touched(platform::Model&) { clock_.Want(*this); }
+
+bool WindowFrame::Ready() const { return outer_ && outer_->isVisible(); }
+
+void WindowFrame::Refresh() { Apply(); }
+
+void WindowFrame::Apply() {
+  window_.Clean();
+  const State state = window_.state();
+  // What follows is reported back, and would be taken for the wish of the program.
+  const platform::Rect rect = window_.rect();
+  const QString title = TitleText(window_.caption());
+  if (outer_->windowTitle() != title) outer_->setWindowTitle(title);
+  if (outer_->isVisible() && state != StateOf(*outer_)) {
+    outer_->setWindowState((outer_->windowState() & Qt::WindowActive) | FlagOf(state));
+  } else if (state == State::normal && HasSize(rect) && rect != known_) {
+    ApplyPlace(rect);
+  }
+  known_ = rect;
+}
+
+void WindowFrame::ApplyPlace(const platform::Rect& rect) {
+  const QRect wanted = ToPixels(rect);
+  // Around a window of its own stands what the window manager adds.
+  const QSize added = outer_->frameGeometry().size() - outer_->size();
+  if (area_) {
+    outer_->setGeometry(wanted);
+  } else {
+    outer_->resize((wanted.size() - added).expandedTo(QSize(1, 1)));
+    outer_->move(wanted.topLeft());
+  }
+}
+
+void WindowFrame::Report() {
+  if (showing_ || !Ready()) return;
+  const QRect place = outer_->frameGeometry();
+  // A place between two pixels stays as the program has set it.
+  known_ = ToPixels(window_.rect()) == place ? window_.rect() : ToTwips(place);
+  window_.Placed(known_, StateOf(*outer_), ToTwips(look_.widget->width()),
+                 ToTwips(look_.widget->height()));
+}
+
+bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::Close:
+      if (watched != outer_) break;
+      event->ignore();
+      window_.UserClose();  // may end this object
+      return true;
+    case QEvent::KeyPress:
+      if (look_.place != Place::dialog || watched != outer_) break;
+      if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) break;
+      window_.UserClose();
+      return true;
+    case QEvent::Show:
+      clock_.Wake();
+      break;
+    case QEvent::WindowStateChange:
+      clock_.Wake();
+      Report();
+      break;
+    case QEvent::Move:
+    case QEvent::Resize:
+      Report();
+      break;
+    case QEvent::WindowActivate:
+      if (watched == outer_ && on_activated) on_activated();
+      break;
+    default:
+      break;
+  }
+  return false;
+}
+
+}  // namespace qt

@@ -1,0 +1,210 @@
+#include "qt/look/grid_widget.h"
+
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+
+#include <QAccessible>
+#include <QAccessibleTableInterface>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+#include "../wait.h"
+
+namespace {
+
+/// Notes the rows that are painted.
+class CountingDelegate : public qt::GridDelegate {
+ public:
+  using GridDelegate::GridDelegate;
+  mutable std::set<int> rows;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    rows.insert(index.row());
+    GridDelegate::paint(painter, option, index);
+  }
+};
+
+class GridWidgetTest : public testing::Test {
+ protected:
+  static constexpr int kRows = 2000, kCols = 5;
+
+  GridWidgetTest() {
+    grid.set_cols(kCols);
+    grid.set_rows(kRows + 1);
+    for (int c = 0; c < kCols; ++c) {
+      grid.set_text(0, c, std::string("H") + static_cast<char>('0' + c));
+      grid.set_width(c, 1200);
+    }
+    for (int r = 1; r <= kRows; ++r) grid.set_text(r, 0, "name " + std::to_string(r));
+    grid.on_click = [this] { Log("click"); };
+    grid.on_double_click = [this] { Log("double"); };
+    grid.on_mouse_move = [this] { Log("move"); };
+    grid.on_after_user_resize = [this] { Log("resized"); };
+    view.resize(600, 300);
+    view.show();
+    Frame();
+  }
+  void Frame() {
+    view.Refresh();
+    QApplication::processEvents();
+  }
+  void Log(const std::string& what) {
+    log += what + " " + std::to_string(grid.mouse_row) + "," + std::to_string(grid.mouse_col) + ";";
+  }
+  std::string TakeLog() { return std::exchange(log, {}); }
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(&view, &press);
+  }
+  static void Mouse(QWidget* on, QEvent::Type type, QPoint at, Qt::MouseButton button) {
+    const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, at, on->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(on, &event);
+  }
+  void DragHeading(QPoint from, QPoint to) {
+    QWidget* on = view.horizontalHeader()->viewport();
+    Mouse(on, QEvent::MouseMove, from, Qt::NoButton);
+    Mouse(on, QEvent::MouseButtonPress, from, Qt::LeftButton);
+    for (int i = 1; i <= 10; ++i) {
+      Mouse(on, QEvent::MouseMove, from + (to - from) * i / 10, Qt::NoButton);
+    }
+    Mouse(on, QEvent::MouseButtonRelease, to, Qt::LeftButton);
+  }
+  std::string Headings() const {
+    std::string all;
+    for (int c = 0; c < kCols; ++c) all += grid.text(0, c);
+    return all;
+  }
+
+  platform::Grid grid;
+  qt::GridWidget view{grid};
+  std::string log;
+};
+
+TEST_F(GridWidgetTest, PaintsAndTellsOfNothingThatIsOffScreen) {
+  CountingDelegate delegate(grid);
+  view.setItemDelegate(&delegate);
+  support::Settle();
+  EXPECT_GT(delegate.rows.size(), 5U);
+  EXPECT_LT(delegate.rows.size(), 20U);
+
+  std::string spans;
+  QObject::connect(view.model(), &QAbstractItemModel::dataChanged, &view,
+                   [&](const QModelIndex& first, const QModelIndex& last) {
+                     spans += std::to_string(first.row()) + "-" + std::to_string(last.row()) + " ";
+                   });
+  delegate.rows.clear();
+  for (const int row : {4, 3, 7, 1500}) grid.set_text(row, 2, "new");
+  view.Refresh();
+  EXPECT_EQ(spans, "2-3 6-6 ");
+  EXPECT_TRUE(support::WaitFor([&] { return !delegate.rows.empty(); }));
+  for (const int row : {2, 3, 6}) EXPECT_TRUE(delegate.rows.contains(row));
+  EXPECT_LE(delegate.rows.size(), 5U) << "Qt takes in the row below a changed one";
+  view.setItemDelegate(nullptr);
+}
+
+TEST_F(GridWidgetTest, FollowsRowsAndColumnsThatComeAndGo) {
+  int inserted = 0, reset = 0;
+  QObject::connect(view.model(), &QAbstractItemModel::rowsInserted, &view, [&] { ++inserted; });
+  QObject::connect(view.model(), &QAbstractItemModel::modelReset, &view, [&] { ++reset; });
+  for (int i = 0; i < 50; ++i) grid.AddRow();
+  EXPECT_EQ(view.model()->rowCount(), kRows) << "not before the frame";
+  Frame();
+  EXPECT_EQ(view.model()->rowCount(), kRows + 50);
+  EXPECT_EQ(inserted, 1);
+  grid.set_rows(4);
+  grid.set_cols(3);
+  grid.set_width(1, 1515);
+  Frame();
+  EXPECT_EQ(view.model()->rowCount(), 3);
+  EXPECT_EQ(view.model()->columnCount(), 3);
+  EXPECT_EQ(view.columnWidth(1), 101);
+  EXPECT_EQ(reset, 0);
+  EXPECT_TRUE(view.currentIndex().isValid());
+}
+
+TEST_F(GridWidgetTest, ADraggedColumnMovesInTheGridButTheNameStaysFirst) {
+  grid.on_before_move_column = [](int from, int to) { return from == 0 ? 0 : to; };
+  const auto middle = [this](int c) {
+    return QPoint(view.columnViewportPosition(c) + view.columnWidth(c) / 2, 10);
+  };
+  DragHeading(middle(3), middle(1) - QPoint(30, 0));
+  Frame();
+  EXPECT_EQ(Headings(), "H0H3H1H2H4");
+  for (int c = 0; c < kCols; ++c) EXPECT_EQ(view.horizontalHeader()->visualIndex(c), c);
+  DragHeading(middle(0), middle(2) + QPoint(30, 0));
+  DragHeading(middle(2), QPoint(2, 10));
+  Frame();
+  EXPECT_EQ(Headings().substr(0, 2), "H0");
+}
+
+TEST_F(GridWidgetTest, ADraggedBoundarySetsTheWidthAndTellsOnceAtItsRelease) {
+  const QPoint edge(view.columnViewportPosition(2) - 1, 10);
+  DragHeading(edge, edge + QPoint(33, 0));
+  EXPECT_EQ(grid.width(1), 1200 + 33 * 15);
+  const std::string log_now = TakeLog();
+  EXPECT_EQ(log_now.find("resized"), log_now.rfind("resized"));
+  EXPECT_NE(log_now.find("resized"), std::string::npos);
+  EXPECT_EQ(log_now.find("click"), std::string::npos);
+  grid.set_width(1, 3000);
+  Frame();
+  EXPECT_EQ(view.columnWidth(1), 200);
+  EXPECT_EQ(TakeLog(), "") << "the program's own widths are not the user's";
+}
+
+TEST_F(GridWidgetTest, MouseAndKeysCallTheHooksWithTheirCell) {
+  QWidget* body = view.viewport();
+  const QPoint cell = view.visualRect(view.model()->index(4, 2)).center();
+  Mouse(body, QEvent::MouseButtonPress, cell, Qt::LeftButton);
+  Mouse(body, QEvent::MouseButtonRelease, cell, Qt::LeftButton);
+  Mouse(body, QEvent::MouseButtonDblClick, cell, Qt::LeftButton);
+  EXPECT_EQ(TakeLog(), "click 5,2;double 5,2;");
+  EXPECT_EQ(grid.row(), 5);
+  Key(Qt::Key_Down);
+  EXPECT_EQ(TakeLog(), "click 6,2;");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(TakeLog(), "double 6,0;");
+  Key(Qt::Key_O, Qt::ControlModifier);
+  EXPECT_EQ(TakeLog(), "double 0,2;");
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(Headings(), "H0H1H3H2H4");
+  Mouse(view.horizontalHeader()->viewport(), QEvent::MouseMove, {100, 8}, Qt::NoButton);
+  EXPECT_EQ(TakeLog(), "move 0,1;");
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(view.horizontalHeader()->viewport(), &leave);
+  EXPECT_EQ(grid.mouse_row, -1);
+}
+
+TEST_F(GridWidgetTest, TheTopRowOfTheModelIsKeptUntilTheUserScrolls) {
+  grid.set_top_row(kRows);
+  Frame();
+  EXPECT_EQ(view.verticalScrollBar()->value(), view.verticalScrollBar()->maximum());
+  EXPECT_EQ(grid.top_row(), kRows) << "though so high it can't be scrolled";
+  view.verticalScrollBar()->setValue(70);
+  EXPECT_EQ(grid.top_row(), 71);
+}
+
+TEST_F(GridWidgetTest, ReadsOutCellsAndHeadings) {
+  grid.set_text(2, 1, "<b>9.25</b>");
+  Frame();
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view);
+  ASSERT_NE(table, nullptr);
+  auto* cells = table->tableInterface();
+  ASSERT_NE(cells, nullptr);
+  EXPECT_EQ(cells->rowCount(), kRows);
+  EXPECT_EQ(cells->columnDescription(3), "H3");
+  EXPECT_EQ(cells->cellAt(1, 1)->text(QAccessible::Name), "<b>9.25</b>");
+}
+
+TEST_F(GridWidgetTest, IsEmptyAndDeafOnceItsGridIsGone) {
+  view.Drop();
+  Key(Qt::Key_Down);
+  Mouse(view.viewport(), QEvent::MouseMove, {20, 20}, Qt::NoButton);
+  Mouse(view.horizontalHeader()->viewport(), QEvent::MouseMove, {20, 8}, Qt::NoButton);
+  view.repaint();
+  EXPECT_EQ(TakeLog(), "");
+}
+
+}  // namespace

@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTextDocument>
+
+#include "../wait.h"
+#include "qt/look/board_look.h"
+#include "qt/look/grid_widget.h"
+#include "qt/look/login_look.h"
+#include "qt/look/main_look.h"
+#include "qt/look/small_widgets.h"
+#include "qt/look/text.h"
+#include "shell/terminal.h"
+#include "support/memory_platform.h"
+
+namespace {
+
+/// The real windows of a terminal on the platform in memory.
+class LookTest : public testing::Test {
+ protected:
+  LookTest() {
+    terminal.MDI.Load();
+    terminal.Conecta.Show();
+    main = qt::MakeMainLook(terminal.MDI, clock);
+    login = qt::MakeLoginLook(terminal.Conecta, clock);
+    board = qt::MakeBoardLook(terminal.Continuo, clock);
+  }
+  ~LookTest() override {
+    for (qt::Look* look : {&board, &login, &main}) {
+      look->bond.reset();
+      delete look->widget;
+    }
+  }
+  template <typename W>
+  W& WidgetOf(const qt::Look& look, platform::Control& control) {
+    return *static_cast<W*>(look.widget_of(control));
+  }
+  static void Type(QWidget& into, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, text);
+    QApplication::sendEvent(&into, &press);
+  }
+
+  support::TempDir dir;
+  support::MemoryPlatform platform;
+  shell::Terminal terminal{platform, base::ProgramDir(dir.path())};
+  qt::FrameClock clock;
+  qt::Look main, login, board;
+};
+
+/// The controls below `widget` that the keyboard reaches, each with its accessible name.
+QStringList NamesBelow(QWidget& widget) {
+  QStringList names;
+  for (QWidget* child : widget.findChildren<QWidget*>()) {
+    const bool control = qobject_cast<QAbstractButton*>(child) || qobject_cast<QLineEdit*>(child) ||
+                         qobject_cast<QAbstractItemView*>(child);
+    if (!control || child->isHidden() || child->focusPolicy() == Qt::NoFocus) continue;
+    auto* spoken = QAccessible::queryAccessibleInterface(child);
+    names << (spoken ? spoken->text(QAccessible::Name) : QString());
+  }
+  names.sort();
+  return names;
+}
+
+TEST_F(LookTest, EveryControlHasItsNameForThoseWhoCannotSeeIt) {
+  EXPECT_EQ(NamesBelow(*login.widget).join('|'), "Conectar|IP|LOGIN|PASSWORD|_");
+  EXPECT_EQ(NamesBelow(*board.widget).join('|'),
+            "Copiar|Cotirama Mercado Continuo|Grabar|Imprimir");
+  EXPECT_EQ(NamesBelow(*main.widget).join('|'), "Muestra el Mercado Continuo|Sesión|Ticker");
+}
+
+TEST_F(LookTest, WhatTheUserDoesReachesTheModelAtOnceAndRunsItsHook) {
+  Type(WidgetOf<QLineEdit>(login, terminal.Conecta.Text1), "ana77");
+  Type(WidgetOf<QLineEdit>(login, terminal.Conecta.Text2), "secreto");
+  EXPECT_EQ(terminal.Conecta.Text1.text(), "ana77");
+  ASSERT_FALSE(platform.sockets.empty());
+  auto& connect = WidgetOf<QPushButton>(login, terminal.Conecta.Command2);
+  EXPECT_TRUE(connect.isDefault());
+  connect.click();
+  EXPECT_FALSE(terminal.Conecta.visible()) << "it connects and hides";
+
+  WidgetOf<QCheckBox>(main, terminal.MDI.Check2).click();
+  EXPECT_EQ(terminal.MDI.Check2.value(), 1);
+  EXPECT_TRUE(terminal.MDI.Picture1.visible());
+  auto* menu = static_cast<QMainWindow*>(main.widget)->menuBar();
+  menu->actions().value(0)->menu()->actions().value(0)->trigger();
+  EXPECT_TRUE(terminal.Continuo.visible());
+}
+
+TEST_F(LookTest, AWindowFollowsItsModelsOnlyWhileItCanBeSeen) {
+  auto& count = WidgetOf<qt::LabelWidget>(main, terminal.MDI.Label2);
+  terminal.MDI.Label2.set_caption("Instrumentos: <b>7</b>");
+  support::Settle();
+  EXPECT_EQ(count.text(), "Instrumentos: 0");
+  main.widget->show();
+  clock.Wake();
+  EXPECT_TRUE(support::WaitFor([&] { return count.text() == "Instrumentos: <b>7</b>"; }));
+  EXPECT_EQ(count.textFormat(), Qt::PlainText);
+}
+
+TEST_F(LookTest, TheGridTakesTheRoomThatTheBarLeaves) {
+  board.widget->resize(800, 500);
+  board.widget->show();
+  auto& grid = WidgetOf<qt::GridWidget>(board, terminal.Continuo.Command5);
+  const int bar = grid.y();
+  EXPECT_GT(bar, 20);
+  platform::Rect up = terminal.Continuo.Picture1.rect();
+  up.top = 1 - up.height;
+  terminal.Continuo.Picture1.set_rect(up);
+  EXPECT_TRUE(support::WaitFor([&] { return grid.y() == 0; }));
+  EXPECT_EQ(grid.size(), board.widget->size());
+  EXPECT_FALSE(WidgetOf<QPushButton>(board, terminal.Continuo.Command3).isVisible());
+}
+
+TEST(LookText, OutsideTextIsNeverMarkupNorMnemonic) {
+  EXPECT_EQ(qt::ToolTipText("TEF    "), "TEF");
+  QTextDocument shown;
+  shown.setHtml(qt::ToolTipText("<b>a & b</b>"));
+  EXPECT_EQ(shown.toPlainText(), "<b>a & b</b>");
+  EXPECT_EQ(qt::WithoutMnemonic("A&B"), "A&&B");
+  EXPECT_EQ(qt::SpokenCaption("&Abrir && &cerrar"), "Abrir & cerrar");
+}
+
+}  // namespace
