@@ -11,7 +11,8 @@ namespace base {
 /// A file of fixed-size records, numbered from 1, open for as long as the object lives: meant to
 /// be opened, used and closed within one routine. Opening creates a missing file empty; with
 /// `owner_only` the file is narrowed to its owner (mode 0600), an old one too. What isn't a regular
-/// file (or a link to one) doesn't open, and never blocks. Plain system calls, no buffering.
+/// file (or a link to one) doesn't open, and never blocks; one that may only be read is opened for
+/// that. Plain system calls, no buffering.
 class RecordFile {
  public:
   /// `record_size` above 0.

@@ -7,6 +7,7 @@ using platform::Picture;
 MDI::MDI(platform::Platform& platform) : Window(platform), Timer1(platform, 1000, false) {
   set_caption(kCaption);
   Picture1.set_visible(false);
+  Picture2.set_tool_tip("Bytes transferidos: 0");
   Label2.set_caption("Instrumentos: 0");
   Label2.set_tool_tip("Muestra el Nº de instrumentos cargados");
   Label2.set_back(base::palette::kBlack);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "base/bytes.h"
 #include "base/record_file.h"
@@ -42,6 +43,10 @@ void VisitColors(Record& record, const Visit& visit) {
 auto ReaderOf(std::string_view bytes) {
   return [bytes](std::size_t offset, auto& field) {
     (void)base::ReadField(bytes, offset, field);  // a missing field keeps its default
+    if constexpr (std::is_same_v<decltype(field), base::Color&>) {
+      // A black that a grid would take for no colour at all.
+      if (field == platform::Grid::kUnset) field = base::palette::kBlack;
+    }
   };
 }
 

@@ -10,7 +10,7 @@ constexpr int kPrice = 990;
 
 constexpr std::array kColumns{
     Columna{"Ant", Campo::Anterior, kPrice},  Columna{"Aper", Campo::Apertura, kPrice},
-    Columna{"%D", Campo::Variacion, 750},     Columna{"Ult", Campo::Ultimo, kPrice},
+    Columna{"%D", Campo::Variacion, 900},     Columna{"Ult", Campo::Ultimo, kPrice},
     Columna{"Max", Campo::Maximo, kPrice},    Columna{"Min", Campo::Minimo, kPrice},
     Columna{"Volumen", Campo::Volumen, 1200}, Columna{"Efectivo", Campo::Efectivo, 1560},
     Columna{"Medio", Campo::Medio, kPrice},   Columna{"Saldos", Campo::Saldo, 1560},
@@ -30,7 +30,7 @@ constexpr ColumnTable kTable{
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Mercado Continuo",
-    .rect = {300, 300, 17520, 9000},
+    .rect = {300, 300, 17670, 9000},
     .columns = kTable,
     .cam = "MC.CAM",
     .pos = "MC.POS",

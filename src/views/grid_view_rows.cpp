@@ -10,6 +10,7 @@ namespace views {
 namespace {
 
 constexpr int kTicksLit = 1;
+constexpr int kMaxFilas = 2 * store::InstrumentStore::kMaxInstrumentos;
 
 // Texts are ordered as they stand, which runs the other way for negative numbers.
 bool IsNegative(std::string_view text) {
@@ -94,6 +95,8 @@ void GridView::ClearFlash(int row, Fila& fila) {
 }
 
 void GridView::InsertRow(base::Color color) {
+  // A name that changes leaves its old row behind; somewhere that must end.
+  if (G.rows() > kMaxFilas) return;
   FilaDeInstrumento.fill(0);
   const bool in_order = names_.in_order();
   PaintRow(G.AddRow(), color);

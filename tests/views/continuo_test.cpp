@@ -220,6 +220,17 @@ TEST_F(Board, OnlyALoadAddsRows) {
   EXPECT_EQ(board->G.text(1, 4), "6.00");
 }
 
+TEST_F(Board, NamesThatChangeForEverFillItOnlySoFar) {
+  constexpr int kMost = 2 * store::InstrumentStore::kMaxInstrumentos;
+  store::Instrumento record;
+  record.Codigo.assign("TEF");
+  for (int n = 0; n < kMost + 10; ++n) {
+    record.Nombre.assign(std::to_string(n));
+    pipeline.RefrescarInstrumentoCarga(store.GuardarMaestro(record));
+  }
+  EXPECT_EQ(board->G.rows(), kMost + 1);
+}
+
 TEST_F(Board, ContentFollowsItsHeading) {
   Load("TEF", "TELEFONICA", 10, 11);
   EXPECT_EQ(board->G.on_before_move_column(0, 3), 0);
