@@ -38,8 +38,6 @@ std::optional<Settings> Read(const QCoreApplication& application) {
       {"instruments", "Shares beside the usual ones.", "number", "0"},
       {"seed", "Same seed, same market.", "number", "1"},
       {"burst", "Seconds of market that wait for a terminal when it comes.", "number", "0"},
-      {"start", "Where the market's day begins, in seconds from midnight.", "number",
-       QString::number(usual.start_second)},
       {"seconds", "Ends after so many seconds; 0 runs on.", "number", "0"},
       {"hour", "Starts at that full hour; 0 is just before the opening.", "number", "0"},
       {"even", "An even pace, without rushes."},
@@ -59,7 +57,6 @@ std::optional<Settings> Read(const QCoreApplication& application) {
   settings.feed.quotes_per_second = *quotes;
   settings.feed.extra_instruments = *instruments;
   settings.feed.seed = static_cast<std::uint32_t>(*seed);
-  settings.feed.start_second = *start;
   settings.feed.bursts = !parser.isSet("even");
   if (*hour > 0) settings.feed.start_second = *hour * 3600;
   settings.port = static_cast<quint16>(*port);
