@@ -1,5 +1,8 @@
 #include "qt/app/app.h"
 
+#include <dlfcn.h>
+#include <thread>
+
 #include <QApplication>
 #include <QLocale>
 #include <QTranslator>
@@ -21,15 +24,35 @@ void SpeakSpanish(QTranslator& translator) {
   }
 }
 
+/// Reads the machine's font settings, which takes longest of a start, while something else goes on.
+/// They belong to a library of Qt's: where Qt does without it, this does nothing.
+class FontSettings {
+ public:
+  FontSettings() {
+    if (void* init = dlsym(RTLD_DEFAULT, "FcInit")) {
+      reader_ = std::thread([init] { reinterpret_cast<int (*)()>(init)(); });
+    }
+  }
+  ~FontSettings() { Wait(); }
+  void Wait() {
+    if (reader_.joinable()) reader_.join();
+  }
+
+ private:
+  std::thread reader_;
+};
+
 }  // namespace
 
 int Run(int argc, char** argv) {
+  FontSettings fonts;
   int names = argc > 0 ? 1 : 0;
   QApplication application(names, argv);
   QApplication::setApplicationName(QStringLiteral("cotirama"));
   QApplication::setQuitOnLastWindowClosed(false);
   QTranslator translator;
   SpeakSpanish(translator);
+  fonts.Wait();
   ApplyTheme(application);
 
   Looks looks;

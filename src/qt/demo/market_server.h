@@ -47,7 +47,8 @@ class MarketServer : public QObject {
   // Children, so that they change threads together with the server.
   QTcpServer server_{this};
   QTimer tick_{this};
-  QElapsedTimer since_tick_;
+  QElapsedTimer running_;  // since the first terminal came
+  qint64 ticked_at_ = 0;
   std::map<QTcpSocket*, Terminal> terminals_;
   qint64 bytes_sent_ = 0;
 };

@@ -17,19 +17,26 @@ void ShowName(QWidget& widget, const QString& name) {
   if (widget.accessibleName() != name) widget.setAccessibleName(name);
 }
 
-/// `caption` names the control to those who can't see it; else its tool tip does.
-void ShowCommon(const platform::Control& control, QWidget& widget, std::string_view caption) {
+/// What names a control to those who can't see it. `caption` is its own or that of its label.
+QString NameOf(const QString& caption, const platform::Control& control) {
+  return caption.isEmpty() ? Text(control.tool_tip()) : caption;
+}
+
+void ShowCommon(const platform::Control& control, QWidget& widget) {
   if (widget.isHidden() == control.visible()) widget.setVisible(control.visible());
   if (widget.isEnabledTo(widget.parentWidget()) != control.enabled()) {
     widget.setEnabled(control.enabled());
   }
   const QString tip = ToolTipText(control.tool_tip());
   if (widget.toolTip() != tip) widget.setToolTip(tip);
-  if (!caption.empty()) {
-    ShowName(widget, SpokenCaption(caption));
-  } else if (!control.tool_tip().empty()) {
-    ShowName(widget, Text(control.tool_tip()));
-  }
+}
+
+/// For a control without a caption. A name that its window has given it stays.
+std::function<void()> CommonShower(const platform::Control& control, QWidget& widget) {
+  return [&control, &widget, named = !widget.accessibleName().isEmpty()] {
+    ShowCommon(control, widget);
+    if (!named) ShowName(widget, NameOf({}, control));
+  };
 }
 
 void ShowColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
@@ -84,8 +91,8 @@ void Binders::Bind(platform::Label& label, LabelWidget& widget, Colors colors) {
       ShowColor(widget, QPalette::WindowText, ColorOf(label.fore()));
       widget.set_ground(ColorOf(label.back()));
     }
-    ShowCommon(label, widget, {});
-    ShowName(widget, text);
+    ShowCommon(label, widget);
+    ShowName(widget, NameOf(text, label));
   });
   widget.on_click = [&label] { label.Click(); };
   widget.on_double_click = [&label] { label.DoubleClick(); };
@@ -98,7 +105,8 @@ void Binders::Bind(platform::TextBox& box, QLineEdit& widget) {
     widget.setEchoMode(box.password() ? QLineEdit::Password : QLineEdit::Normal);
     const QString text = Text(box.text());
     if (widget.text() != text) widget.setText(text);
-    ShowCommon(box, widget, box.label());
+    ShowCommon(box, widget);
+    ShowName(widget, NameOf(SpokenCaption(box.label()), box));
   });
   QObject::connect(&widget, &QLineEdit::textEdited, &context_,
                    [&box](const QString& text) { box.set_text(text.toStdString()); });
@@ -108,7 +116,8 @@ void Binders::Bind(platform::Button& button, QPushButton& widget) {
   Follow(button, widget, [&button, &widget] {
     const QString caption = Text(button.caption());
     if (widget.text() != caption) widget.setText(caption);
-    ShowCommon(button, widget, button.caption());
+    ShowCommon(button, widget);
+    ShowName(widget, NameOf(SpokenCaption(button.caption()), button));
   });
   QObject::connect(&widget, &QPushButton::clicked, &context_, [&button] { button.Click(); });
 }
@@ -118,23 +127,24 @@ void Binders::Bind(platform::CheckBox& box, QCheckBox& widget) {
     const QString caption = Text(box.caption());
     if (widget.text() != caption) widget.setText(caption);
     if (widget.isChecked() != (box.value() == 1)) widget.setChecked(box.value() == 1);
-    ShowCommon(box, widget, box.caption());
+    ShowCommon(box, widget);
+    ShowName(widget, NameOf(SpokenCaption(box.caption()), box));
   });
   QObject::connect(&widget, &QCheckBox::clicked, &context_,
                    [&box](bool checked) { box.set_value(checked ? 1 : 0); });
 }
 
 void Binders::Bind(platform::PictureBox& picture, PictureWidget& widget) {
-  Follow(picture, widget, [&picture, &widget] {
+  Follow(picture, widget, [&picture, &widget, show_common = CommonShower(picture, widget)] {
     widget.set_picture(picture.picture());
-    ShowCommon(picture, widget, {});
+    show_common();
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &context_, [&picture] { picture.Click(); });
 }
 
 void Binders::Bind(platform::Ticker& ticker, TickerWidget& widget) {
-  Follow(ticker, widget, [&ticker, &widget] {
-    ShowCommon(ticker, widget, {});
+  Follow(ticker, widget, [&widget, show_common = CommonShower(ticker, widget)] {
+    show_common();
     widget.Refresh();
   });
   drops_.push_back([&widget] { widget.Drop(); });
@@ -149,7 +159,7 @@ void Binders::Bind(platform::Grid& grid, GridWidget& widget) {
 }
 
 void Binders::BindPanel(platform::PictureBox& panel, QWidget& widget) {
-  Follow(panel, widget, [&panel, &widget] { ShowCommon(panel, widget, {}); });
+  Follow(panel, widget, CommonShower(panel, widget));
 }
 
 QWidget* Binders::WidgetOf(const platform::Control& control) const {

@@ -66,11 +66,12 @@ std::vector<Command> CommandsOf(views::GridView& view) {
           {&view.Command1, Qt::CTRL | Qt::Key_G}};
 }
 
-void FillMenu(QMenu& menu, const std::vector<Command>& commands) {
+void FillMenu(QMenu& menu, const std::vector<Command>& commands, const QObject* context) {
   for (const Command& command : commands) {
     if (!command.button->visible()) continue;
-    auto* action = menu.addAction(Text(command.button->caption()),
-                                  [button = command.button] { button->Click(); });
+    auto* action = menu.addAction(Text(command.button->caption()));
+    QObject::connect(action, &QAction::triggered, context,
+                     [button = command.button] { button->Click(); });
     action->setShortcut(command.key);
     action->setEnabled(command.button->enabled());
   }
@@ -89,7 +90,9 @@ void JoinCommands(views::GridView& view, Board& board, Binders& binders) {
       if (model->visible()) model->Click();
     });
   }
-  board.grid().on_menu = [commands](QMenu& menu) { FillMenu(menu, commands); };
+  board.grid().on_menu = [commands, context = binders.context()](QMenu& menu) {
+    FillMenu(menu, commands, context);
+  };
 }
 
 void JoinName(views::GridView& view, Board& board, Binders& binders) {

@@ -1,5 +1,8 @@
 #include "qt/look/grid_header.h"
 
+#include <utility>
+
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -74,6 +77,8 @@ void GridHeader::mousePressEvent(QMouseEvent* event) {
 
 void GridHeader::mouseMoveEvent(QMouseEvent* event) {
   QHeaderView::mouseMoveEvent(event);
+  // The button was let go where this widget isn't told, as over a box that came up meanwhile.
+  if (event->buttons() == Qt::NoButton) LetGo();
   const int col = logicalIndexAt(event->position().toPoint());
   SetHover(col);
   if (!pressed_ && on_hover) on_hover(col);
@@ -81,22 +86,22 @@ void GridHeader::mouseMoveEvent(QMouseEvent* event) {
 
 void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
   QHeaderView::mouseReleaseEvent(event);
-  const bool was_pressed = pressed_;
-  pressed_ = false;
-  if (!was_pressed || event->button() != Qt::LeftButton) return;
+  if (event->button() != Qt::LeftButton) return;
+  const bool dragged = resized_ || moved_;
   const int col = logicalIndexAt(event->position().toPoint());
-  if (resized_) {
-    resized_ = false;
-    if (on_resized) on_resized();
-  } else if (!moved_ && col >= 0 && on_click) {
-    on_click(col);
-  }
+  if (LetGo() && !dragged && col >= 0 && on_click) on_click(col);
+}
+
+bool GridHeader::LetGo() {
+  if (std::exchange(resized_, false) && on_resized) on_resized();
+  return std::exchange(pressed_, false);
 }
 
 bool GridHeader::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave) {
     SetHover(-1);
-    if (on_hover) on_hover(-1);
+    if (QGuiApplication::mouseButtons() == Qt::NoButton) LetGo();
+    if (on_leave) on_leave();
   }
   return QHeaderView::viewportEvent(event);
 }

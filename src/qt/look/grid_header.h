@@ -11,7 +11,10 @@ class GridHeader : public QHeaderView {
  public:
   explicit GridHeader(QWidget* parent);
 
-  std::function<void(int col)> on_hover, on_click, on_double_click;
+  /// The mouse moves over a heading, or over the strip behind the last one: col -1.
+  std::function<void(int col)> on_hover;
+  std::function<void()> on_leave;
+  std::function<void(int col)> on_click, on_double_click;
   /// A column was dragged; the heading itself is back as it was.
   std::function<void(int from, int to)> on_move;
   /// At each step of a drag of a boundary; then once when it is let go.
@@ -29,6 +32,8 @@ class GridHeader : public QHeaderView {
  private:
   void SectionMoved(int from, int to);
   void SetHover(int col);
+  /// Ends a drag; false if nothing was pressed.
+  bool LetGo();
 
   bool pressed_ = false, resized_ = false, moving_back_ = false, moved_ = false;
   int hover_ = -1;

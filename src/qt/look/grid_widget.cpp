@@ -1,6 +1,7 @@
 #include "qt/look/grid_widget.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -14,6 +15,12 @@
 #include "qt/ports/twips.h"
 
 namespace qt {
+namespace {
+
+// What the grid takes, and the least that keys leave.
+constexpr int kWidestTwips = 15000, kLeastByKey = ToTwips(20);
+
+}  // namespace
 
 GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
     : QTableView(parent),
@@ -36,6 +43,7 @@ GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(1);
   setItemDelegate(delegate_);
+  header_->setMaximumSectionSize(ToPixels(kWidestTwips));
   setHorizontalHeader(header_);
   setModel(model_.get());
   JoinHeader();
@@ -52,20 +60,21 @@ GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
 void GridWidget::Drop() {
   setModel(nullptr);
   setItemDelegate(nullptr);
+  if (menu_) menu_->close();
   header_->on_hover = header_->on_click = header_->on_double_click = nullptr;
+  header_->on_leave = header_->on_resized = nullptr;
   header_->on_move = nullptr;
   header_->on_resize = nullptr;
-  header_->on_resized = nullptr;
   on_menu = nullptr;
   grid_ = nullptr;
 }
 
 void GridWidget::JoinHeader() {
   header_->on_hover = [this](int col) {
-    grid_->mouse_row = col < 0 ? -1 : 0;
-    grid_->mouse_col = col;
-    if (col >= 0 && grid_->on_mouse_move) grid_->on_mouse_move();
+    PointAt(0, col);
+    if (grid_->on_mouse_move) grid_->on_mouse_move();
   };
+  header_->on_leave = [this] { PointAt(-1, -1); };
   header_->on_click = [this](int col) {
     PointAt(0, col);
     if (grid_->on_click) grid_->on_click();
@@ -108,7 +117,7 @@ void GridWidget::FollowLook() {
   QFont heading = delegate_->font();
   heading.setWeight(QFont::Medium);
   if (header_->font() != heading) header_->setFont(heading);
-  QPalette ground = palette();
+  QPalette ground = viewport()->palette();
   const QColor back = ColorOf(grid_->back_color());
   if (ground.color(QPalette::Base) == back) return;
   ground.setColor(QPalette::Base, back);
@@ -169,8 +178,8 @@ void GridWidget::MoveColumn(int from, int to) {
 
 void GridWidget::Widen(int px) {
   const int col = currentIndex().column();
-  grid_->set_width(col, std::clamp(grid_->width(col) + ToTwips(px), ToTwips(20), 15000));
-  if (grid_->on_after_user_resize) grid_->on_after_user_resize();
+  grid_->set_width(col, std::clamp(grid_->width(col) + ToTwips(px), kLeastByKey, kWidestTwips));
+  widened_ = true;
 }
 
 bool GridWidget::RunCommandKey(const QKeyEvent& event) {
@@ -223,6 +232,13 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   if (grid_->on_click) grid_->on_click();
 }
 
+// A held key widens some thirty times a second; telling it may cost a write to a file.
+void GridWidget::keyReleaseEvent(QKeyEvent* event) {
+  QTableView::keyReleaseEvent(event);
+  if (event->isAutoRepeat() || !std::exchange(widened_, false)) return;
+  if (grid_ && grid_->on_after_user_resize) grid_->on_after_user_resize();
+}
+
 void GridWidget::mouseMoveEvent(QMouseEvent* event) {
   QTableView::mouseMoveEvent(event);
   if (!grid_) return;
@@ -250,19 +266,25 @@ void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
   if (!grid_) return;
-  QMenu menu(this);
+  if (menu_) menu_->close();
+  menu_ = new QMenu(this);
+  menu_->setAttribute(Qt::WA_DeleteOnClose);
   const int col = currentIndex().column();
   if (col >= 0) {
     const QString heading = WithoutMnemonic(grid_->text(0, col)).trimmed();
-    auto* sort = menu.addAction(QStringLiteral("&Ordenar por %1").arg(heading),
-                                [this, col] { header_->on_double_click(col); });
+    auto* sort =
+        menu_->addAction(QStringLiteral("&Ordenar por %1").arg(heading), this, [this, col] {
+          if (grid_) header_->on_double_click(col);
+        });
     sort->setShortcut(Qt::CTRL | Qt::Key_O);
-    menu.addSeparator();
+    menu_->addSeparator();
   }
-  if (on_menu) on_menu(menu);
+  if (on_menu) on_menu(*menu_);
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
   const QPoint foot = visualRect(currentIndex()).bottomLeft();
-  if (!menu.isEmpty()) menu.exec(by_key ? viewport()->mapToGlobal(foot) : event->globalPos());
+  if (menu_->isEmpty()) return delete menu_;
+  // Without a loop of its own, in which this widget could end.
+  menu_->popup(by_key ? viewport()->mapToGlobal(foot) : event->globalPos());
 }
 
 bool GridWidget::viewportEvent(QEvent* event) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include <QPointer>
 #include <QTableView>
 
 #include "platform/grid.h"
@@ -17,7 +18,8 @@ namespace qt {
 /// Shows a grid and turns mouse and keys into its hooks. Besides moving about: Enter and Space are
 /// a double click on the row's name, Ctrl+O on the heading of the current column (sorts), Ctrl+Left
 /// and Ctrl+Right move the current column, Ctrl+Shift+Left and Ctrl+Shift+Right narrow and widen
-/// it. The grid must live until `Drop`, after which the widget is empty.
+/// it, which is told once the key is let go. The grid must live until `Drop`, after which the
+/// widget is empty.
 class GridWidget : public QTableView {
  public:
   explicit GridWidget(platform::Grid& grid, QWidget* parent = nullptr);
@@ -32,6 +34,7 @@ class GridWidget : public QTableView {
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -60,8 +63,10 @@ class GridWidget : public QTableView {
   std::unique_ptr<GridModel> model_;
   GridDelegate* delegate_;
   GridHeader* header_;
+  QPointer<QMenu> menu_;  // while it is open
   int hover_ = -1;
   int top_seen_ = 0;
+  bool widened_ = false;    // by a key that is still down
   bool following_ = false;  // the model moves the screen, not the user
 };
 

@@ -96,8 +96,8 @@ Look MakeLoginLook(feed::Conecta& conecta, FrameClock& clock) {
   AddField(*form, 2, conecta.Text3, Text(feed::Conecta::kServidorPropio), *binders);
   auto* hint = QuietLabel(
       QStringLiteral(
-          "Sin otra IP se abre «demostracion», un mercado simulado que va dentro del programa: "
-          "admite cualquier LOGIN y PASSWORD de 4 caracteres o más."),
+          "Sin IP se abre «demostracion», un mercado simulado que va dentro del programa. "
+          "Vale cualquier LOGIN y PASSWORD desde 4 caracteres."),
       SmallFont(), dialog);
   hint->setWordWrap(true);
   form->addWidget(hint, 3, 1);

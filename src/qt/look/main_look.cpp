@@ -95,7 +95,6 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   auto* count = new LabelWidget(strip);
   auto* tape_on = new QCheckBox(strip);
   auto* board = new QPushButton(BoardIcon(), {}, strip);
-  light->setAccessibleName(QStringLiteral("Sesión"));
   count->setContentsMargins(9, 0, 9, 0);
   count->setMinimumHeight(24);
   board->setIconSize({18, 18});

@@ -90,6 +90,13 @@ void Table(QPainter& painter) {
   painter.drawLine(QPointF(14, 16.6), QPointF(18, 16.6));
 }
 
+void Chevrons(QPainter& painter) {
+  painter.setPen(QPen(tone::kText, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  for (const double left : {5.0, 12.0}) {
+    painter.drawPolyline(QPolygonF({{left, 6}, {left + 6, 12}, {left, 18}}));
+  }
+}
+
 }  // namespace
 
 void DrawPicture(QPainter& painter, const QRectF& rect, platform::Picture picture) {
@@ -100,12 +107,12 @@ void DrawPicture(QPainter& painter, const QRectF& rect, platform::Picture pictur
         return Sign(p, QPolygonF({{9.3, 12.3}, {11.3, 14.3}, {14.8, 9.9}}));
       case platform::Picture::receiving:
         Light(p, tone::kBusy);
-        return Sign(p, QPolygonF({{12, 8.8}, {12, 15}}),
+        return Sign(p, QPolygonF(QList<QPointF>{{12, 8.8}, {12, 15}}),
                     QPolygonF({{9.5, 12.6}, {12, 15.1}, {14.5, 12.6}}));
       case platform::Picture::closed:
         Light(p, tone::kBad);
-        return Sign(p, QPolygonF({{9.8, 9.8}, {14.2, 14.2}}),
-                    QPolygonF({{14.2, 9.8}, {9.8, 14.2}}));
+        return Sign(p, QPolygonF(QList<QPointF>{{9.8, 9.8}, {14.2, 14.2}}),
+                    QPolygonF(QList<QPointF>{{14.2, 9.8}, {9.8, 14.2}}));
       case platform::Picture::server:
         return Server(p);
       case platform::Picture::none:
@@ -141,6 +148,10 @@ QIcon ProgramIcon() {
 
 QIcon BoardIcon() {
   return IconOf([](QPainter& painter, const QRectF& rect) { OnGrid24(painter, rect, Table); });
+}
+
+QIcon MoreIcon() {
+  return IconOf([](QPainter& painter, const QRectF& rect) { OnGrid24(painter, rect, Chevrons); });
 }
 
 QIcon SignIcon(QChar sign, const QColor& color) {

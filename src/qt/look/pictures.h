@@ -16,6 +16,8 @@ void DrawMark(QPainter& painter, const QRectF& rect);
 [[nodiscard]] QIcon ProgramIcon();
 /// A small table, for the button that brings up the board.
 [[nodiscard]] QIcon BoardIcon();
+/// Two points to the right: there is more than fits.
+[[nodiscard]] QIcon MoreIcon();
 /// A letter in a disc, for message boxes.
 [[nodiscard]] QIcon SignIcon(QChar sign, const QColor& color);
 

@@ -203,6 +203,9 @@ QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option,
     case SP_MessageBoxWarning:
     case SP_MessageBoxCritical:
       return SignIcon(QLatin1Char('!'), tone::kBad);
+    case SP_ToolBarHorizontalExtensionButton:
+      // Every menu bar asks for it, and Qt would look through the machine's icon themes.
+      return MoreIcon();
     default:
       return QProxyStyle::standardIcon(icon, option, widget);
   }

@@ -1,5 +1,7 @@
 #include "qt/look/theme.h"
 
+#include <cmath>
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
@@ -53,7 +55,9 @@ void ApplyTheme(QApplication& application) {
 }
 
 QColor Mix(const QColor& under, const QColor& over, double share) {
-  const auto part = [share](int a, int b) { return static_cast<int>(a + (b - a) * share + 0.5); };
+  const auto part = [share](int a, int b) {
+    return static_cast<int>(std::lround(a + (b - a) * share));
+  };
   return {part(under.red(), over.red()), part(under.green(), over.green()),
           part(under.blue(), over.blue())};
 }

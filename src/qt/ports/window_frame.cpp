@@ -29,6 +29,14 @@ Qt::WindowStates FlagOf(State state) {
   }
 }
 
+/// `rect` made no larger than `area`, and moved into it.
+QRect Inside(const QRect& area, const QRect& rect) {
+  QRect inside(rect.topLeft(), rect.size().boundedTo(area.size()));
+  inside.moveLeft(qBound(area.left(), rect.left(), area.right() + 1 - inside.width()));
+  inside.moveTop(qBound(area.top(), rect.top(), area.bottom() + 1 - inside.height()));
+  return inside;
+}
+
 bool HasSize(const platform::Rect& rect) { return rect.width > 0 && rect.height > 0; }
 
 }  // namespace
@@ -73,6 +81,7 @@ void WindowFrame::Show(const QWidget* over) {
   const bool placed = HasSize(window_.rect()) || outer_->testAttribute(Qt::WA_Moved);
   const State state = window_.state() == State::maximized ? State::maximized : State::normal;
   showing_ = true;
+  FitIntoArea();
   Apply();
   if (!placed && !area_) Centre(over);
   outer_->setWindowState((outer_->windowState() & Qt::WindowActive) | FlagOf(state));
@@ -80,6 +89,15 @@ void WindowFrame::Show(const QWidget* over) {
   showing_ = false;
   Activate();
   Report();
+}
+
+// Neither a design nor a file knows how much room there is.
+void WindowFrame::FitIntoArea() {
+  if (fitted_ || !area_ || !area_->isVisible()) return;
+  fitted_ = true;
+  const QRect wanted = ToPixels(window_.rect());
+  const QRect inside = Inside(area_->viewport()->rect(), wanted);
+  if (HasSize(window_.rect()) && inside != wanted) window_.set_rect(ToTwips(inside));
 }
 
 void WindowFrame::Centre(const QWidget* over) {

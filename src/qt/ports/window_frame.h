@@ -22,8 +22,9 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   WindowFrame(platform::Window& window, Look look, FrameClock& clock, QMdiArea* area);
   ~WindowFrame() override;
 
-  /// In front and not minimised. One that has no place yet comes up in the middle of `over`, or of
-  /// the screen where that is nullptr.
+  /// In front and not minimised. A child comes up first within its area and no larger than that.
+  /// Another that has no place yet comes up in the middle of `over`, or of the screen where that is
+  /// nullptr.
   void Show(const QWidget* over);
   void Hide();
   void Focus(platform::Control& control);
@@ -43,6 +44,7 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
  private:
   void Apply();
   void ApplyPlace(const platform::Rect& rect);
+  void FitIntoArea();
   void Centre(const QWidget* over);
   void Report();
   void Activate();
@@ -54,6 +56,7 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   QPointer<QWidget> outer_;  // gone where its main window went first
   platform::Rect known_;     // where the widget was last put, or said that it was
   bool showing_ = false;
+  bool fitted_ = false;  // once: later the user may have it partly outside
 };
 
 /// The caption as a window title, which has a mark of its own for changed documents.

@@ -1,13 +1,17 @@
 #include "qt/look/grid_widget.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 #include <string>
 
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 #include "../wait.h"
@@ -54,12 +58,16 @@ class GridWidgetTest : public testing::Test {
     log += what + " " + std::to_string(grid.mouse_row) + "," + std::to_string(grid.mouse_col) + ";";
   }
   std::string TakeLog() { return std::exchange(log, {}); }
-  void Key(int key, Qt::KeyboardModifiers modifiers = {}) {
-    QKeyEvent press(QEvent::KeyPress, key, modifiers);
-    QApplication::sendEvent(&view, &press);
+  void Key(int key, Qt::KeyboardModifiers modifiers = {}, QEvent::Type type = QEvent::KeyPress,
+           bool repeated = false) {
+    QKeyEvent event(type, key, modifiers, {}, repeated);
+    QApplication::sendEvent(&view, &event);
   }
   static void Mouse(QWidget* on, QEvent::Type type, QPoint at, Qt::MouseButton button) {
-    const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    Mouse(on, type, at, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton);
+  }
+  static void Mouse(QWidget* on, QEvent::Type type, QPoint at, Qt::MouseButton button,
+                    Qt::MouseButton held) {
     QMouseEvent event(type, at, on->mapToGlobal(at), button, held, Qt::NoModifier);
     QApplication::sendEvent(on, &event);
   }
@@ -154,6 +162,44 @@ TEST_F(GridWidgetTest, ADraggedBoundarySetsTheWidthAndTellsOnceAtItsRelease) {
   EXPECT_EQ(TakeLog(), "") << "the program's own widths are not the user's";
 }
 
+TEST_F(GridWidgetTest, NoColumnGetsWiderThanItsGridTakes) {
+  const QPoint edge(view.columnViewportPosition(2) - 1, 10);
+  DragHeading(edge, edge + QPoint(1500, 0));
+  EXPECT_EQ(grid.width(1), 15000);
+  EXPECT_EQ(view.columnWidth(1), 1000);
+  grid.set_text(1, 1, std::string(3000, 'W'));
+  Frame();
+  view.resizeColumnToContents(1);
+  EXPECT_EQ(view.columnWidth(1), 1000);
+}
+
+TEST_F(GridWidgetTest, ADragWhoseReleaseGoesElsewhereIsOverWithTheNextMove) {
+  QWidget* heading = view.horizontalHeader()->viewport();
+  const QPoint edge(view.columnViewportPosition(2) - 1, 10);
+  Mouse(heading, QEvent::MouseMove, edge, Qt::NoButton, Qt::NoButton);
+  Mouse(heading, QEvent::MouseButtonPress, edge, Qt::LeftButton);
+  Mouse(heading, QEvent::MouseMove, edge + QPoint(20, 0), Qt::NoButton);
+  EXPECT_EQ(grid.width(1), 1500);
+  TakeLog();
+  Mouse(heading, QEvent::MouseMove, {30, 8}, Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(TakeLog(), "resized 0,1;move 0,0;");
+  view.horizontalHeader()->resizeSection(1, 50);
+  EXPECT_EQ(grid.width(1), 1500) << "nobody drags any more";
+}
+
+TEST_F(GridWidgetTest, AHeldWideningKeyTellsOnceWhenItIsLetGo) {
+  constexpr auto kModifiers = Qt::ControlModifier | Qt::ShiftModifier;
+  for (const bool repeated : {false, true, true}) {
+    Key(Qt::Key_Right, kModifiers, QEvent::KeyPress, repeated);
+    if (repeated) Key(Qt::Key_Right, kModifiers, QEvent::KeyRelease, true);
+  }
+  EXPECT_EQ(TakeLog(), "");
+  EXPECT_EQ(grid.width(0), 1200 + 3 * 8 * 15);
+  Key(Qt::Key_Right, kModifiers, QEvent::KeyRelease);
+  Key(Qt::Key_Control, {}, QEvent::KeyRelease);
+  EXPECT_EQ(TakeLog(), "resized -1,-1;");
+}
+
 TEST_F(GridWidgetTest, MouseAndKeysCallTheHooksWithTheirCell) {
   QWidget* body = view.viewport();
   const QPoint cell = view.visualRect(view.model()->index(4, 2)).center();
@@ -172,9 +218,47 @@ TEST_F(GridWidgetTest, MouseAndKeysCallTheHooksWithTheirCell) {
   EXPECT_EQ(Headings(), "H0H1H3H2H4");
   Mouse(view.horizontalHeader()->viewport(), QEvent::MouseMove, {100, 8}, Qt::NoButton);
   EXPECT_EQ(TakeLog(), "move 0,1;");
+  Mouse(view.horizontalHeader()->viewport(), QEvent::MouseMove, {500, 8}, Qt::NoButton);
+  EXPECT_EQ(TakeLog(), "move 0,-1;") << "the strip behind the last heading";
   QEvent leave(QEvent::Leave);
   QApplication::sendEvent(view.horizontalHeader()->viewport(), &leave);
   EXPECT_EQ(grid.mouse_row, -1);
+  EXPECT_EQ(TakeLog(), "");
+  grid.set_rows(3);
+  Frame();
+  Mouse(body, QEvent::MouseMove, {100, 250}, Qt::NoButton);
+  EXPECT_EQ(TakeLog(), "move -1,1;") << "below the last row";
+}
+
+TEST_F(GridWidgetTest, TheGroundTakesEveryColourOfTheGrid) {
+  const QColor own = view.palette().color(QPalette::Base);
+  for (const QColor& color : {QColor(Qt::red), own}) {
+    grid.set_back_color(color.blue() << 16 | color.green() << 8 | color.red());
+    Frame();
+    EXPECT_EQ(view.viewport()->palette().color(QPalette::Base).name(), color.name());
+  }
+}
+
+TEST(GridWidgetMenu, ItsOwnersMayGoWhileItIsOpen) {
+  platform::Grid grid;
+  grid.set_cols(2);
+  grid.set_rows(3);
+  int sorted = 0;
+  grid.on_double_click = [&sorted] { ++sorted; };
+  auto view = std::make_unique<qt::GridWidget>(grid);
+  view->show();
+  QContextMenuEvent ask(QContextMenuEvent::Mouse, {20, 30}, {20, 30});
+  QApplication::sendEvent(view->viewport(), &ask);
+  const QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  menu->actions().front()->trigger();
+  EXPECT_EQ(sorted, 1);
+  view->Drop();
+  EXPECT_FALSE(menu->isVisible());
+  menu->actions().front()->trigger();
+  EXPECT_EQ(sorted, 1);
+  view.reset();
+  EXPECT_EQ(menu, nullptr);
 }
 
 TEST_F(GridWidgetTest, TheTopRowOfTheModelIsKeptUntilTheUserScrolls) {

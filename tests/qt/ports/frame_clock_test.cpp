@@ -84,15 +84,4 @@ TEST(FrameClock, ForgetsWhatIsGone) {
   EXPECT_TRUE(support::WaitFor([&] { return last.refreshed == 1; }));
 }
 
-TEST(FrameClock, MayGoBeforeWhatItRefreshes) {
-  Thing thing;
-  {
-    qt::FrameClock clock;
-    clock.Want(thing);
-  }
-  qt::FrameClock other;
-  other.Want(thing);
-  EXPECT_TRUE(support::WaitFor([&] { return thing.refreshed == 1; }));
-}
-
 }  // namespace

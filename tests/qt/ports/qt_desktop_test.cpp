@@ -12,6 +12,7 @@
 #include "../wait.h"
 #include "platform/controls.h"
 #include "qt/ports/qt_platform.h"
+#include "qt/ports/twips.h"
 
 namespace {
 
@@ -34,9 +35,6 @@ struct Child : TestWindow {
   using TestWindow::TestWindow;
 };
 struct Login : TestWindow {
-  using TestWindow::TestWindow;
-};
-struct Unknown : TestWindow {
   using TestWindow::TestWindow;
 };
 
@@ -97,14 +95,6 @@ TEST_F(QtDesktopTest, MakesTheWidgetAtTheFirstShowAndOnlyThen) {
             QList<QMdiSubWindow*>{qobject_cast<QMdiSubWindow*>(OuterOf(child))});
 }
 
-TEST_F(QtDesktopTest, WindowWithoutLookIsLeftOut) {
-  Unknown unknown(platform);
-  unknown.Show();
-  unknown.SetFocus(unknown.field);
-  unknown.Hide();
-  EXPECT_EQ(OuterOf(unknown), nullptr);
-}
-
 TEST_F(QtDesktopTest, CaptionFollowsWithItsMarksAsPlainText) {
   main.Show();
   child.Show();
@@ -130,6 +120,36 @@ TEST_F(QtDesktopTest, PlaceGoesBothWays) {
   child.set_rect({0, 0, 3000, 3000});
   EXPECT_TRUE(
       support::WaitFor([&] { return OuterOf(child)->geometry() == QRect(0, 0, 200, 200); }));
+}
+
+TEST_F(QtDesktopTest, AChildFirstComesUpWithinItsArea) {
+  main.Show();
+  const QRect room = platform.desktop().FrameOf(main)->look().area->viewport()->rect();
+  const int wide = room.width(), high = room.height();
+  struct Case {
+    QRect wanted, shown;
+  };
+  for (const Case& c : {Case{{20, 20, wide + 200, 600}, {0, 20, wide, 600}},
+                        Case{{3000, -800, 400, 300}, {wide - 400, 0, 400, 300}},
+                        Case{{-50, 680, 400, 9000}, {0, 0, 400, high}}}) {
+    Child window(platform);
+    window.set_rect(qt::ToTwips(c.wanted));
+    window.Show();
+    EXPECT_EQ(OuterOf(window)->geometry(), c.shown);
+    EXPECT_EQ(window.rect(), qt::ToTwips(c.shown));
+    EXPECT_GT(window.inner_width(), 0);
+    window.may_close = true;
+    window.Unload();
+  }
+  child.set_state(State::maximized);
+  child.set_rect(qt::ToTwips(QRect(2000, 2000, 300, 200)));
+  child.Show();
+  OuterOf(child)->showNormal();
+  EXPECT_TRUE(room.contains(OuterOf(child)->geometry()));
+  OuterOf(child)->move(850, 40);
+  child.Hide();
+  child.Show();
+  EXPECT_EQ(OuterOf(child)->pos(), QPoint(850, 40)) << "where the user has put it";
 }
 
 TEST_F(QtDesktopTest, StateGoesBothWaysAndKeepsThePlace) {

@@ -62,15 +62,6 @@ TEST_F(QtSocketTest, TellsOfTheEndAfterTheLastBytes) {
   EXPECT_EQ(log.size(), 2U);
 }
 
-TEST_F(QtSocketTest, StateChangesTogetherWithItsEvent) {
-  ASSERT_TRUE(socket.Connect());
-  EXPECT_FALSE(socket.Connect());
-  EXPECT_FALSE(socket.Send("pronto"));
-  EXPECT_EQ(socket.state(), State::connecting);
-  ASSERT_TRUE(WaitFor([&] { return !log.empty(); }));
-  EXPECT_EQ(socket.state(), State::connected);
-}
-
 TEST_F(QtSocketTest, RefusedConnectionIsAnErrorInSpanish) {
   const std::string port = std::to_string(server.serverPort());
   server.close();
