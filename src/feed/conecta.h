@@ -38,7 +38,8 @@ class Conecta : public platform::Window {
     std::function<void()> RefreshMetaStock, ReanudarDescarga, ResumenCartera;
     std::function<void(std::string_view text)> PaginaLista;  // an information page of 25 lines
     std::function<void(int index)> RefrescarLibro;           // a book has been stored
-    std::function<void(std::string_view records, int count)> Negocios;  // a batch of trades; `count` as sent
+    std::function<void(std::string_view records, int count)>
+        Negocios;  // a batch of trades; `count` as sent
   };
 
   Conecta(platform::Platform& platform, const base::ProgramDir& directory,

@@ -26,7 +26,8 @@ std::string Shown(std::string_view bytes) {
 std::string Lines(std::string_view bytes) {
   std::string text(bytes.substr(0, kMaxShown));
   std::ranges::replace_if(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\r' && c != '\n'; }, ' ');
+      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\r' && c != '\n'; },
+      ' ');
   return base::AnsiToUtf8(text);
 }
 

@@ -19,8 +19,9 @@ class MarketDecoder {
   struct Steps {
     std::function<bool(std::string_view text)> EnviarTexto;  // false when it didn't go out
     std::function<void(int index)> RefrescarLibro;           // a book has been stored
-    std::function<void(std::string_view records, int count)> Negocios;  // a batch of trades; `count` as sent
-    std::function<void()> SesionPerdida;                                // a batch came short
+    std::function<void(std::string_view records, int count)>
+        Negocios;                         // a batch of trades; `count` as sent
+    std::function<void()> SesionPerdida;  // a batch came short
   };
 
   /// All outlive the decoder.

@@ -23,8 +23,12 @@ class Label : public Control {
   [[nodiscard]] base::Color back() const { return back_; }
   void set_back(base::Color back) { Set(back_, back); }
 
-  void Click() { if (on_click) on_click(); }
-  void DoubleClick() { if (on_double_click) on_double_click(); }
+  void Click() {
+    if (on_click) on_click();
+  }
+  void DoubleClick() {
+    if (on_double_click) on_double_click();
+  }
 
  private:
   std::string caption_;
@@ -64,7 +68,9 @@ class Button : public Control {
 
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void set_caption(std::string_view caption) { Set(caption_, caption); }
-  void Click() { if (enabled() && on_click) on_click(); }
+  void Click() {
+    if (enabled() && on_click) on_click();
+  }
 
  private:
   std::string caption_;
@@ -79,7 +85,9 @@ class CheckBox : public Control {
   [[nodiscard]] const std::string& caption() const { return caption_; }
   void set_caption(std::string_view caption) { Set(caption_, caption); }
   [[nodiscard]] int value() const { return value_; }
-  void set_value(int value) { if (Set(value_, value != 0 ? 1 : 0) && on_click) on_click(); }
+  void set_value(int value) {
+    if (Set(value_, value != 0 ? 1 : 0) && on_click) on_click();
+  }
 
  private:
   std::string caption_;
@@ -96,7 +104,9 @@ class PictureBox : public Control {
 
   [[nodiscard]] Picture picture() const { return picture_; }
   void set_picture(Picture picture) { Set(picture_, picture); }
-  void Click() { if (on_click) on_click(); }
+  void Click() {
+    if (on_click) on_click();
+  }
 
  private:
   Picture picture_ = Picture::none;

@@ -20,11 +20,17 @@ enum class Align { left, right, center };
 /// once it has grown. A row holds at most 65535 bytes; cells past that stay empty.
 class RowText {
  public:
-  void Clear() { data_.clear(); ends_.clear(); }
+  void Clear() {
+    data_.clear();
+    ends_.clear();
+  }
   /// Append to this text, then close the cell with `EndCell`.
   [[nodiscard]] std::string& buffer() { return data_; }
   void EndCell();
-  void Add(std::string_view cell) { data_.append(cell); EndCell(); }
+  void Add(std::string_view cell) {
+    data_.append(cell);
+    EndCell();
+  }
 
   [[nodiscard]] int cells() const { return static_cast<int>(ends_.size()); }
   /// "" past the last cell.
@@ -139,10 +145,12 @@ class Grid : public Control {
   std::function<void()> on_after_user_resize;
 
   // For the binder: what has changed since the last call. `all` covers everything (sizes, columns,
-  // look, order of rows); otherwise the rows of the spans, joined and in ascending order. Rows added
-  // at the end are in the spans: compare rows() with what it was. Current cell, selection and top
-  // row are not told here: the model is dirty, and that is all. Cleans the model.
-  struct Span { int first, last; };
+  // look, order of rows); otherwise the rows of the spans, joined and in ascending order. Rows
+  // added at the end are in the spans: compare rows() with what it was. Current cell, selection and
+  // top row are not told here: the model is dirty, and that is all. Cleans the model.
+  struct Span {
+    int first, last;
+  };
   struct Changes {
     bool all = false;
     std::vector<Span> rows;

@@ -10,7 +10,8 @@ class Model;
 class Watcher {
  public:
   virtual ~Watcher() = default;
-  /// `model` was clean and has changed. Called at once, inside the write: only take note of it here.
+  /// `model` was clean and has changed. Called at once, inside the write: only take note of it
+  /// here.
   virtual void Touched(Model& model) = 0;
 };
 

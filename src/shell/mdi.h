@@ -21,16 +21,16 @@ class MDI : public platform::Window {
 
   explicit MDI(platform::Platform& platform);
 
-  platform::PictureBox Picture1;   // strip that holds the market ticker
-  platform::Ticker Tickctl1;       // market ticker
-  platform::PictureBox Picture3;   // strip that holds the status ticker
-  platform::Ticker Tickctl2;       // status ticker
-  platform::PictureBox Picture2;   // session light
-  platform::Label Label2;          // count of instruments
-  platform::Label LT, LF;          // server time and date
-  platform::CheckBox Check2;       // market ticker on or off
-  platform::Button Command3;       // brings up the board
-  platform::Timer Timer1;          // once a second
+  platform::PictureBox Picture1;  // strip that holds the market ticker
+  platform::Ticker Tickctl1;      // market ticker
+  platform::PictureBox Picture3;  // strip that holds the status ticker
+  platform::Ticker Tickctl2;      // status ticker
+  platform::PictureBox Picture2;  // session light
+  platform::Label Label2;         // count of instruments
+  platform::Label LT, LF;         // server time and date
+  platform::CheckBox Check2;      // market ticker on or off
+  platform::Button Command3;      // brings up the board
+  platform::Timer Timer1;         // once a second
 
   /// The menu bar; filled before the window is first shown.
   std::vector<platform::MenuItem> menu;
@@ -39,12 +39,12 @@ class MDI : public platform::Window {
   std::int16_t FaseCierre = 0;
 
   struct Steps {
-    std::function<void()> Cargar;      // the window is loading
-    std::function<bool()> Conectado;   // the feed socket is connected
-    std::function<bool()> Cerrado;     // the feed socket is closed
-    std::function<void()> Conectar;    // the user wants a session
-    std::function<void()> Desconectar; // the user wants none
-    std::function<void()> Terminar;    // the program is to stop
+    std::function<void()> Cargar;       // the window is loading
+    std::function<bool()> Conectado;    // the feed socket is connected
+    std::function<bool()> Cerrado;      // the feed socket is closed
+    std::function<void()> Conectar;     // the user wants a session
+    std::function<void()> Desconectar;  // the user wants none
+    std::function<void()> Terminar;     // the program is to stop
   };
   Steps steps;
 

@@ -69,12 +69,12 @@ class InstrumentStore {
   std::int16_t Add(const Instrumento& record);
   void NoteName(std::int16_t slot);
 
-  std::vector<Instrumento> instrumentos_;  // never reallocated: references stay valid
-  std::vector<CodeKey> codes_;             // by slot, in whole blocks
+  std::vector<Instrumento> instrumentos_;          // never reallocated: references stay valid
+  std::vector<CodeKey> codes_;                     // by slot, in whole blocks
   mutable std::array<std::int16_t, 4096> hits_{};  // where a key was last found; 0 nowhere
-  std::vector<std::int16_t> nameless_;     // slots whose Nombre begins with a blank, ascending
+  std::vector<std::int16_t> nameless_;  // slots whose Nombre begins with a blank, ascending
   std::vector<LibroOrdenes> libros_;
-  std::vector<CodeKey> book_codes_;        // by index, in whole blocks
+  std::vector<CodeKey> book_codes_;  // by index, in whole blocks
 };
 
 /// Sets Medio and Saldo from Ultimo, Volumen and Efectivo. A value too large for a float32 leaves

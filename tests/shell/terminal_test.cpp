@@ -20,7 +20,7 @@ TEST_F(LiveTerminalTest, ShowsTheMarketThatTheServerSends) {
   Start();
   LogIn();
   EXPECT_EQ(feed().sent.substr(0, 20), "ID:invitad.secreto\xFF\xFE");
-  Run(25000);   // past the opening
+  Run(25000);  // past the opening
 
   const int count = terminal->store.NumInstrumentos();
   EXPECT_GT(count, 150);
@@ -125,11 +125,14 @@ TEST_F(TerminalTest, TakesTheBoardsLookFromItsFile) {
 }
 
 TEST_F(TerminalTest, AnyColourFileLeavesAUsableLook) {
-  struct Case { std::string file; float size; };
-  std::string wild(5 * 52, '\xFF');   // a NaN for every size
-  for (const auto& [file, size] : {Case{"", 7.0F}, Case{"0123456789", 7.0F},
-                                   Case{std::string(5 * 52, '\0'), 7.0F}, Case{wild, 7.0F},
-                                   Case{std::string(30, '\x01'), 7.0F}}) {
+  struct Case {
+    std::string file;
+    float size;
+  };
+  std::string wild(5 * 52, '\xFF');  // a NaN for every size
+  for (const auto& [file, size] :
+       {Case{"", 7.0F}, Case{"0123456789", 7.0F}, Case{std::string(5 * 52, '\0'), 7.0F},
+        Case{wild, 7.0F}, Case{std::string(30, '\x01'), 7.0F}}) {
     dir.Write("Colores.QUO", file);
     Start();
     EXPECT_FLOAT_EQ(terminal->Continuo.G.font_size(), size);

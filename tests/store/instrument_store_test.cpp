@@ -105,7 +105,7 @@ TEST(InstrumentStore, AQuoteIsStampedAndDerivedInSinglePrecision) {
       {10, 4, 0, 10, 0},
       {10, 4, 20, 5, 20},
       {1, 3, 1, 0.333333343F, 1.9999998807907104},
-      {10, 4, 1e300, 0, 40},    // an average beyond four bytes isn't stored
+      {10, 4, 1e300, 0, 40},         // an average beyond four bytes isn't stored
       {1e30F, 1e30F, 1, 1e-30F, 0},  // nor is such a balance
       {16.1F, 123457, 1987654.5, 16.099973678588867F, 3.2966575622558594},
   };
@@ -138,7 +138,7 @@ TEST(InstrumentStore, ABookReplacesTheOneOfItsExactCodeOrIsAdded) {
   for (int n = 0; n < InstrumentStore::kMaxLibros; ++n) put(std::to_string(n), 0);
   EXPECT_EQ(store.NumLibros(), InstrumentStore::kMaxLibros);
   EXPECT_EQ(stored[stored.size() - 3], InstrumentStore::kMaxLibros);
-  EXPECT_EQ(stored.back(), 0);   // refused
+  EXPECT_EQ(stored.back(), 0);  // refused
 }
 
 }  // namespace
