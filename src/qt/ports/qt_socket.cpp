@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <sys/ioctl.h>
+
 #include <QNetworkProxy>
 #include <QSignalBlocker>
 
@@ -14,6 +16,13 @@ namespace {
 constexpr qint64 kReadBuffer = 1 << 20;
 constexpr std::size_t kRefillBelow = 1U << 20;
 constexpr qint64 kMostUnsent = 1 << 20;
+// With fewer bytes in hand a handler takes all, so they must be all that have come.
+constexpr std::size_t kTakenWhole = 8192;
+
+bool MoreInSystem(const QTcpSocket& socket) {
+  int waiting = 0;
+  return ioctl(static_cast<int>(socket.socketDescriptor()), FIONREAD, &waiting) == 0 && waiting > 0;
+}
 
 }  // namespace
 
@@ -86,7 +95,7 @@ void QtSocket::OnError(QAbstractSocket::SocketError error) {
   const bool was_connected = connected_due_ || state_ == State::connected;
   const bool by_peer = error == QAbstractSocket::RemoteHostClosedError && was_connected;
   end_due_ = by_peer ? End::closed : End::error;
-  data_due_ = data_due_ || socket_.bytesAvailable() > 0;
+  data_due_ = data_due_ || socket_.bytesAvailable() > 0 || !pending().empty();
   pump_.Queue();
 }
 
@@ -124,6 +133,8 @@ void QtSocket::RaiseData() {
   data_due_ = false;
   const std::size_t before = pending().size();
   if (before == 0) return;
+  // `readyRead` follows and makes it due again.
+  if (before <= kTakenWhole && end_due_ == End::none && MoreInSystem(socket_)) return;
   if (events_.data) events_.data();
   const std::size_t after = pending().size();
   if (after < before && (after > 0 || socket_.bytesAvailable() > 0)) data_due_ = true;

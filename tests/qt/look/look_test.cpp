@@ -71,7 +71,8 @@ TEST_F(LookTest, EveryControlHasItsNameForThoseWhoCannotSeeIt) {
   EXPECT_EQ(NamesBelow(*login.widget).join('|'), "Conectar|IP|LOGIN|PASSWORD|_");
   EXPECT_EQ(NamesBelow(*board.widget).join('|'),
             "Copiar|Cotirama Mercado Continuo|Grabar|Imprimir");
-  EXPECT_EQ(NamesBelow(*main.widget).join('|'), "Bytes transferidos: 0|Muestra el Mercado Continuo|Ticker");
+  EXPECT_EQ(NamesBelow(*main.widget).join('|'),
+            "Bytes transferidos: 0|Muestra el Mercado Continuo|Ticker");
   auto& time = WidgetOf<QWidget>(main, terminal.MDI.LT);
   EXPECT_EQ(time.accessibleName(), "Hora de sesión") << "while it shows nothing";
   terminal.MDI.LT.set_caption("10:00:00");
