@@ -2,6 +2,7 @@
 
 FUZZ_SECONDS ?= 60
 BENCH_SECONDS ?= 0.5
+LOAD_SECONDS ?= 30
 
 install = sh tools/install-packages.sh
 # The release preset configures the benchmarks too, so it needs their library.
@@ -24,7 +25,7 @@ build:
 test:
 	@$(install) run test bench fuzz
 	@$(MAKE) --no-print-directory fuzz FUZZ_SECONDS=10
-	@$(MAKE) --no-print-directory bench BENCH_SECONDS=0.01
+	@$(MAKE) --no-print-directory bench BENCH_SECONDS=0.01 LOAD_SECONDS=1
 	@$(call preset,asan)
 	@ctest --preset asan -j $$(nproc)
 	@$(call preset,dev)
@@ -33,6 +34,7 @@ test:
 bench: build
 	@for bench in build/release/cotirama-bench*; do \
 	  QT_QPA_PLATFORM=offscreen $$bench --benchmark_min_time=$(BENCH_SECONDS) || exit 1; done
+	@sh bench/load.sh build/release $(LOAD_SECONDS)
 
 fuzz:
 	@$(install) fuzz

@@ -26,10 +26,11 @@ function(cotirama_qt_side target)
   find_path(COTIRAMA_ROBOTO Roboto-Regular.ttf REQUIRED NO_DEFAULT_PATH
     PATHS /usr/share/fonts/truetype/roboto/unhinted/RobotoTTF)
 
-  set(entries "  <file alias=\"i18n/qtbase_es.qm\">${COTIRAMA_QTBASE_ES}</file>\n")
+  # As they are: the program starts faster when nothing has to be expanded.
+  set(entries "  <file compress-algo=\"none\" alias=\"i18n/qtbase_es.qm\">${COTIRAMA_QTBASE_ES}</file>\n")
   foreach(face Regular Medium Bold)
     string(APPEND entries
-      "  <file alias=\"fonts/Roboto-${face}.ttf\">${COTIRAMA_ROBOTO}/Roboto-${face}.ttf</file>\n")
+      "  <file compress-algo=\"none\" alias=\"fonts/Roboto-${face}.ttf\">${COTIRAMA_ROBOTO}/Roboto-${face}.ttf</file>\n")
   endforeach()
   set(qrc ${CMAKE_CURRENT_BINARY_DIR}/embedded.qrc)
   file(CONFIGURE OUTPUT ${qrc} CONTENT "<RCC><qresource>\n@entries@</qresource></RCC>\n" @ONLY)
