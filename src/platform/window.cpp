@@ -15,7 +15,7 @@ void Window::Load() {
 
 void Window::Show() {
   Load();
-  Set(visible_, true);
+  if (Set(visible_, true)) OnShow();
   platform_.desktop().Shown(*this);
 }
 

@@ -55,6 +55,8 @@ class Window : public Model {
   virtual bool OnQueryUnload() { return true; }
   virtual void OnUnload() {}
   virtual void OnResize() {}
+  /// The window becomes visible.
+  virtual void OnShow() {}
 
   [[nodiscard]] Platform& platform() const { return platform_; }
 

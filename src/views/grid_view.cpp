@@ -148,6 +148,11 @@ void GridView::Timer1_Timer() {
   if (HoverTicks > kTicksToHide && bar_.shown()) bar_.SlideOut();
 }
 
+void GridView::OnShow() {
+  HoverTicks = 0;
+  if (bar_.hidden()) bar_.SlideIn();
+}
+
 void GridView::G_Click() {
   if (G.mouse_row < 1) return;
   FilaActual = base::ToInteger<std::int16_t>(G.mouse_row).value_or(FilaActual);

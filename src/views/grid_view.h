@@ -75,6 +75,8 @@ class GridView : public platform::Window {
  protected:
   bool OnQueryUnload() override;
   void OnResize() override { Form_Resize(); }
+  /// Whoever opens the board sees its commands, however long it was out of sight.
+  void OnShow() override;
 
   [[nodiscard]] const GridContext& context() const { return context_; }
   [[nodiscard]] const ConfigVentana& config() const {

@@ -301,6 +301,12 @@ TEST_F(Board, TheBarSlidesAwayAndBack) {
   Mouse(0, 0, board->G.on_mouse_move);
   outside.avanzar(900);
   EXPECT_EQ(places(), shown);
+
+  outside.avanzar(60000);
+  EXPECT_EQ(places(), hidden);
+  board->Show();
+  outside.avanzar(3000);
+  EXPECT_EQ(places(), shown) << "whoever opens it sees its commands";
 }
 
 TEST_F(Board, CommandsCopyPrintAndSave) {

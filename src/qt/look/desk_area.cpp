@@ -32,7 +32,7 @@ void DeskArea::paintEvent(QPaintEvent* event) {
   };
   line(-12, TitleFont(), Mix(tone::kGround, tone::kText, 0.55), QStringLiteral("Cotirama Brizna"));
   line(28, TextFont(), Mix(tone::kGround, tone::kMuted, 0.75),
-       QStringLiteral("El mercado se abre con el menú Instrumentos, Mercado Continuo"));
+       QStringLiteral("Pulse la luz de sesión para conectarse; el menú Instrumentos abre el mercado"));
 }
 
 }  // namespace qt

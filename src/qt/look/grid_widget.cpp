@@ -267,6 +267,11 @@ void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
   if (!grid_) return;
   if (menu_) menu_->close();
+  if (const QModelIndex hit = indexAt(event->pos());
+      event->reason() == QContextMenuEvent::Mouse && hit.isValid()) {
+    PointAt(hit.row() + 1, hit.column());
+    if (grid_->on_click) grid_->on_click();
+  }
   menu_ = new QMenu(this);
   menu_->setAttribute(Qt::WA_DeleteOnClose);
   const int col = currentIndex().column();

@@ -97,7 +97,7 @@ Look MakeLoginLook(feed::Conecta& conecta, FrameClock& clock) {
   auto* hint = QuietLabel(
       QStringLiteral(
           "Sin IP se abre «demostracion», un mercado simulado que va dentro del programa. "
-          "Vale cualquier LOGIN y PASSWORD desde 4 caracteres."),
+          "Vale cualquier LOGIN y PASSWORD de 4 a 7 caracteres."),
       SmallFont(), dialog);
   hint->setWordWrap(true);
   form->addWidget(hint, 3, 1);
