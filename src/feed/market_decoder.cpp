@@ -121,12 +121,14 @@ bool MarketDecoder::Cotizaciones(std::string_view message) {
   return ForEachRecord(ShortBatch(message), kQuoteSize, [this](std::string_view bytes) {
     contador_records_ = base::CheckedIncrement(contador_records_);
     DecodeQuote(bytes, cotizacion_scratch_);
-    return AplicarCotizacion(cotizacion_scratch_);
+    // Looked up by the bytes of the wire: a code just written is slow to read again.
+    const std::string_view code = bytes.substr(0, cotizacion_scratch_.Codigo.bytes().size());
+    return AplicarCotizacion(cotizacion_scratch_, store_.Recorrer(code));
   });
 }
 
-bool MarketDecoder::AplicarCotizacion(const Cotizacion& quote) {
-  const auto scan = store_.Recorrer(quote.Codigo.bytes());
+bool MarketDecoder::AplicarCotizacion(const Cotizacion& quote,
+                                      const store::InstrumentStore::Scan& scan) {
   // One request for each nameless slot that the scan passes; those that don't fit into the send
   // buffer are left out.
   for (int n = scan.nameless; n > 0 && PedirMaestro(quote.Codigo); --n) {

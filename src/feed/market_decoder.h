@@ -40,7 +40,8 @@ class MarketDecoder {
   void Libros(std::string_view message);
   /// False ends the message.
   [[nodiscard]] bool Cotizaciones(std::string_view message);
-  [[nodiscard]] bool AplicarCotizacion(const Cotizacion& quote);
+  [[nodiscard]] bool AplicarCotizacion(const Cotizacion& quote,
+                                       const store::InstrumentStore::Scan& scan);
   [[nodiscard]] bool CodigoDesconocido(const store::Codigo& code);
   void Maestros(std::string_view message);
   void AplicarMaestro(store::Instrumento& record);
