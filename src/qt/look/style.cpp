@@ -1,5 +1,7 @@
 #include "qt/look/style.h"
 
+#include <bit>
+
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -8,6 +10,12 @@
 #include "qt/look/theme.h"
 
 namespace qt {
+namespace {
+
+constexpr int kSignWidth = 30, kSignHeight = 24;  // at the end of the menu bar
+
+}  // namespace
+
 Style::Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {}
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -99,6 +107,7 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
       return DrawTitleBar(*bar, *painter, widget);
     }
   }
+  if (control == CC_MdiControls) return DrawMdiControls(*option, *painter, widget);
   if (control == CC_ScrollBar) {
     if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
       return DrawScrollBar(*bar, subControlRect(control, option, SC_ScrollBarSlider, widget),
@@ -150,6 +159,10 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
       item && type == CT_MenuItem) {
     return MenuItemSize(*item);
   }
+  if (const auto* signs = qstyleoption_cast<const QStyleOptionComplex*>(option);
+      signs && type == CT_MdiControls) {
+    return {kSignWidth * std::popcount(static_cast<unsigned>(signs->subControls)), kSignHeight};
+  }
   if (type == CT_MenuBarItem && !size.isEmpty()) return size + QSize(20, 8);
   return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
@@ -190,6 +203,27 @@ void Style::DrawTitleBar(const QStyleOptionTitleBar& option, QPainter& painter,
   if (!maximized) sign(SC_TitleBarMaxButton, Qt::WindowMaximizeButtonHint);
   if (minimized || maximized) sign(SC_TitleBarNormalButton, Qt::WindowMinMaxButtonsHint);
   sign(SC_TitleBarCloseButton, Qt::WindowSystemMenuHint);
+  painter.restore();
+}
+
+void Style::DrawMdiControls(const QStyleOptionComplex& option, QPainter& painter,
+                            const QWidget* widget) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const auto sign = [&](SubControl part, SubControl as) {
+    if (!option.subControls.testFlag(part)) return;
+    const QRect rect = proxy()->subControlRect(CC_MdiControls, &option, part, widget);
+    if (option.activeSubControls == part) {
+      DrawRounded(painter, rect, part == SC_MdiCloseButton ? tone::kBad : tone::kLine,
+                  Qt::transparent);
+    }
+    painter.setPen(QPen(tone::kText, 1.2));
+    painter.setBrush(Qt::NoBrush);
+    DrawTitleSign(painter, as, rect);
+  };
+  sign(SC_MdiMinButton, SC_TitleBarMinButton);
+  sign(SC_MdiNormalButton, SC_TitleBarNormalButton);
+  sign(SC_MdiCloseButton, SC_TitleBarCloseButton);
   painter.restore();
 }
 

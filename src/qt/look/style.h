@@ -30,6 +30,9 @@ class Style : public QProxyStyle {
                 QStyleHintReturn* result) const override;
 
  private:
+  /// The signs of a maximised inner window, at the end of the menu bar.
+  void DrawMdiControls(const QStyleOptionComplex& option, QPainter& painter,
+                       const QWidget* widget) const;
   void DrawTitleBar(const QStyleOptionTitleBar& option, QPainter& painter,
                     const QWidget* widget) const;
 };
