@@ -1,88 +1,10 @@
-#include <cstdio>
-#include <limits>
-#include <optional>
+// cotirama-feed: the market embedded in Cotirama Brizna 4.1, as a server of its own.
+// Copyright (C) The Cotirama authors
+//
+// This program is free software: you can redistribute it and/or modify it under the terms of the
+// GNU General Public License as published by the Free Software Foundation, either version 3 of the
+// License, or (at your option) any later version. It comes without any warranty; see LICENSE.
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
-#include <QTimer>
+#include "qt/app/feed_app.h"
 
-#include "qt/demo/market_server.h"
-
-// cotirama-feed: the embedded market by itself, at the rates that the command line names.
-
-namespace {
-
-struct Settings {
-  demo::FeedOptions feed;
-  quint16 port = 0;
-  int head_start_s = 0, seconds = 0;
-};
-
-std::optional<int> Number(const QCommandLineParser& parser, const char* name, int most) {
-  bool is_number = false;
-  const int value = parser.value(QLatin1String(name)).toInt(&is_number);
-  if (is_number && value >= 0 && value <= most) return value;
-  std::fprintf(stderr, "--%s takes a number from 0 to %d\n", name, most);
-  return std::nullopt;
-}
-
-std::optional<Settings> Read(const QCoreApplication& application) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription("Simulated market on TCP, reachable from this machine only.");
-  parser.addHelpOption();
-  const demo::FeedOptions usual;
-  parser.addOptions({
-      {"port", "Port on 127.0.0.1; 0 takes any free one.", "number", "2323"},
-      {"quotes", "Quotes a second, on the mean.", "number",
-       QString::number(usual.quotes_per_second)},
-      {"instruments", "Shares beside the usual ones.", "number", "0"},
-      {"seed", "Same seed, same market.", "number", "1"},
-      {"burst", "Seconds of market that wait for a terminal when it comes.", "number", "0"},
-      {"seconds", "Ends after so many seconds; 0 runs on.", "number", "0"},
-      {"hour", "Starts at that full hour; 0 is just before the opening.", "number", "0"},
-      {"even", "An even pace, without rushes."},
-  });
-  parser.process(application);
-  constexpr int kAny = std::numeric_limits<int>::max();
-  constexpr int kDay = 24 * 60 * 60;
-  const auto port = Number(parser, "port", 65535);
-  const auto quotes = Number(parser, "quotes", 1'000'000);
-  const auto instruments = Number(parser, "instruments", 4800);
-  const auto seed = Number(parser, "seed", kAny);
-  const auto burst = Number(parser, "burst", 600);
-  const auto hour = Number(parser, "hour", 17);
-  const auto seconds = Number(parser, "seconds", kDay);
-  if (!port || !quotes || !instruments || !seed || !burst || !hour || !seconds) return std::nullopt;
-  Settings settings;
-  settings.feed.quotes_per_second = *quotes;
-  settings.feed.extra_instruments = *instruments;
-  settings.feed.seed = static_cast<std::uint32_t>(*seed);
-  settings.feed.bursts = !parser.isSet("even");
-  if (*hour > 0) settings.feed.start_second = *hour * 3600;
-  settings.port = static_cast<quint16>(*port);
-  settings.head_start_s = *burst;
-  settings.seconds = *seconds;
-  return settings;
-}
-
-}  // namespace
-
-int main(int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
-  const std::optional<Settings> settings = Read(application);
-  if (!settings) return 2;
-  qt::MarketServer server(settings->feed, settings->head_start_s * 1000);
-  const quint16 port = server.Listen(settings->port);
-  if (port == 0) {
-    std::fprintf(stderr, "port %d can't be used\n", settings->port);
-    return 1;
-  }
-  std::printf("127.0.0.1:%d\n", port);
-  std::fflush(stdout);
-  if (settings->seconds > 0) {
-    QTimer::singleShot(settings->seconds * 1000, &QCoreApplication::quit);
-  }
-  const int status = QCoreApplication::exec();
-  std::printf("%lld bytes sent\n", static_cast<long long>(server.bytes_sent()));
-  return status;
-}
+int main(int argc, char** argv) { return qt::RunFeed(argc, argv); }
