@@ -21,7 +21,8 @@ class Socket {
   enum class State { closed = 0, connecting = 6, connected = 7, error = 9 };
   struct Events {
     std::function<void()> connected;
-    /// Bytes are pending. Raised again from the event loop for as long as some are left.
+    /// Bytes are pending. Raised again from the event loop for as long as some are left and the
+    /// handler takes some; one that took nothing hears again when more have arrived.
     std::function<void()> data;
     std::function<void()> closed;
     std::function<void(const std::string& text)> error;

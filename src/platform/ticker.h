@@ -29,8 +29,8 @@ class Ticker : public Control {
  public:
   static constexpr std::size_t kMaxItems = 512;
 
-  /// How the strip moves: the kind of movement, milliseconds a step, and the three speeds of the
-  /// control's own scale.
+  /// What the program asks of the movement: its kind, milliseconds a step, and three speeds. A
+  /// strip that runs smoothly at a pace of its own may leave them be.
   struct Setup {
     int mode = 2, interval = 50, rest = 96, step = 20, pace = 100;
     friend bool operator==(const Setup&, const Setup&) = default;

@@ -1,5 +1,7 @@
 #include "shell/mdi.h"
 
+#include "base/val.h"
+
 namespace shell {
 
 using platform::Picture;

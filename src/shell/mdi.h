@@ -4,7 +4,6 @@
 #include <functional>
 #include <vector>
 
-#include "base/val.h"
 #include "platform/controls.h"
 #include "platform/menu.h"
 #include "platform/ticker.h"

@@ -27,10 +27,9 @@ class Terminal {
   /// Called once when the main window has closed and the program may end.
   std::function<void()> on_end;
 
+ private:
   /// The login window in front, the cursor in its first field.
   void ShowLogin();
-
- private:
   void JoinMainWindow();
   void JoinPipeline();
   void Stop();
