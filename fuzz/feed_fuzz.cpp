@@ -32,7 +32,7 @@ struct Receiver {
                         .Aviso = [this](auto text) { Touch(text); },
                         .Pitido = {[] {}}};
     decoder.steps.EnviarTexto = [this](auto text) { return Send(text); };
-    decoder.steps.Negocios = [this](auto records, int) { Touch(records); };
+    decoder.steps.Negocio = [this](const auto& trade) { Touch(trade.Codigo.bytes()); };
     decoder.Proces("99,2   " + support::MasterRecord({.code = "I IB", .name = "INDEX"}) +
                    support::MasterRecord({.code = "ALD", .name = ""}));
   }

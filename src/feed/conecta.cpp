@@ -94,9 +94,13 @@ void Conecta::UnirPasos() {
           [this](int index) {
             if (steps.RefrescarLibro) steps.RefrescarLibro(index);
           },
-      .Negocios =
-          [this](std::string_view records, int count) {
-            if (steps.Negocios) steps.Negocios(records, count);
+      .Negocio =
+          [this](const store::Negocio& negocio) {
+            if (steps.Negocio) steps.Negocio(negocio);
+          },
+      .FinNegocios =
+          [this] {
+            if (steps.FinNegocios) steps.FinNegocios();
           },
       .SesionPerdida = [this] { session_.SesionLista = false; },
   };

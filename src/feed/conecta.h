@@ -36,10 +36,10 @@ class Conecta : public platform::Window {
   struct Steps {
     // Every 5 seconds, in this order, the first two only while connected.
     std::function<void()> RefreshMetaStock, ReanudarDescarga, ResumenCartera;
-    std::function<void(std::string_view text)> PaginaLista;  // an information page of 25 lines
-    std::function<void(int index)> RefrescarLibro;           // a book has been stored
-    std::function<void(std::string_view records, int count)>
-        Negocios;  // a batch of trades; `count` as sent
+    std::function<void(std::string_view text)> PaginaLista;      // an information page of 25 lines
+    std::function<void(int index)> RefrescarLibro;               // a book has been stored
+    std::function<void(const store::Negocio& negocio)> Negocio;  // every trade that has come
+    std::function<void()> FinNegocios;                           // after the last one of a batch
   };
 
   Conecta(platform::Platform& platform, const base::ProgramDir& directory,

@@ -99,13 +99,19 @@ void MarketDecoder::Reloj(std::string_view message) {
 // A message can be a batch of more than one kind: the tests don't exclude one another.
 void MarketDecoder::Lotes(std::string_view message) {
   const std::string_view kind = Mid(message, 3, 3);
-  if (kind == ",1:" && steps.Negocios) {
-    const Batch batch = ShortBatch(message);
-    steps.Negocios(batch.records, batch.count);
-  }
+  if (kind == ",1:") Negocios(message);
   if (Mid(message, 4, 1) == "3") Libros(message);
   if (kind == ",2:" && !Cotizaciones(message)) return;
   if (message.starts_with("99,")) Maestros(message);
+}
+
+void MarketDecoder::Negocios(std::string_view message) {
+  (void)ForEachRecord(ShortBatch(message), kTradeSize, [this](std::string_view bytes) {
+    DecodeTrade(bytes, negocio_scratch_);
+    if (steps.Negocio) steps.Negocio(negocio_scratch_);
+    return true;
+  });
+  if (steps.FinNegocios) steps.FinNegocios();
 }
 
 void MarketDecoder::Libros(std::string_view message) {

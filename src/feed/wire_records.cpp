@@ -41,6 +41,16 @@ void DecodeQuote(std::string_view bytes, Cotizacion& quote) {
   ReadQuote(bytes, quote);
 }
 
+void DecodeTrade(std::string_view bytes, store::Negocio& trade) {
+  trade.Lado = bytes.empty() ? ' ' : bytes[0];
+  trade.Codigo.assign(base::TextField(bytes, 2, 5));
+  Read(bytes, 7, trade.Hora);
+  Read(bytes, 11, trade.Titulos);
+  Read(bytes, 13, trade.Comprador);
+  Read(bytes, 15, trade.Vendedor);
+  Read(bytes, 17, trade.Precio);
+}
+
 void DecodeBook(std::string_view bytes, store::LibroOrdenes& book) {
   book.Codigo.assign(base::TextField(bytes, 0, 7));
   ReadLevels(bytes, 7, book.VolCompra);

@@ -9,4 +9,32 @@ void TextBox::set_text(std::string_view text) {
   if (Set(text_, text) && on_change) on_change();
 }
 
+void OptionButton::set_value(bool value) {
+  if (!Set(value_, value) || !value) return;
+  for (OptionButton* other = next_; other != this; other = other->next_) other->set_value(false);
+  if (on_click) on_click();
+}
+
+void ListBox::AddItem(std::string_view text) {
+  items_.emplace_back(text);
+  Touch();
+}
+
+void ListBox::Clear() {
+  Set(list_index_, -1);
+  if (items_.empty()) return;
+  items_.clear();
+  Touch();
+}
+
+void ListBox::set_list_index(int index) {
+  if (index >= -1 && index < static_cast<int>(items_.size())) Set(list_index_, index);
+}
+
+void ListBox::Click(int index) {
+  if (index < 0 || index >= static_cast<int>(items_.size())) return;
+  Set(list_index_, index);
+  if (on_click) on_click();
+}
+
 }  // namespace platform

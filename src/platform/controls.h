@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/palette.h"
 #include "platform/control.h"
@@ -92,6 +93,52 @@ class CheckBox : public Control {
  private:
   std::string caption_;
   int value_ = 0;
+};
+
+/// One of several answers of which one is on. Those made from one another are a group: turning one
+/// on turns the others off. `on_click` runs when it is turned on, by the user or the program.
+/// They end together.
+class OptionButton : public Control {
+ public:
+  OptionButton() = default;
+  /// Joins the group of `other`.
+  explicit OptionButton(OptionButton& other) : next_(other.next_) { other.next_ = this; }
+
+  std::function<void()> on_click;
+
+  [[nodiscard]] const std::string& caption() const { return caption_; }
+  void set_caption(std::string_view caption) { Set(caption_, caption); }
+  [[nodiscard]] bool value() const { return value_; }
+  void set_value(bool value);
+
+ private:
+  std::string caption_;
+  bool value_ = false;
+  OptionButton* next_ = this;  // ring
+};
+
+/// Lines of text of which the user may choose one.
+class ListBox : public Control {
+ public:
+  /// `on_click` runs when the user chooses a line, the same one again included.
+  std::function<void()> on_click, on_double_click;
+
+  [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
+  void AddItem(std::string_view text);
+  /// Takes every line out; none is chosen then.
+  void Clear();
+  /// From 0; -1 is none. A number out of range changes nothing.
+  [[nodiscard]] int list_index() const { return list_index_; }
+  void set_list_index(int index);
+  /// The user chooses a line.
+  void Click(int index);
+  void DoubleClick() {
+    if (on_double_click) on_double_click();
+  }
+
+ private:
+  std::vector<std::string> items_;
+  int list_index_ = -1;
 };
 
 /// Pictures that the program draws.

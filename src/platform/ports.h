@@ -63,6 +63,10 @@ class Dialogs {
   virtual void Message(std::string_view text) = 0;
   /// True on yes.
   virtual bool Ask(std::string_view text) = 0;
+  /// A line that the user types; "" when he gives up.
+  virtual std::string Input(std::string_view text) = 0;
+  /// The program ends: open boxes close as if the user had given up, later ones don't open.
+  virtual void Dismiss() = 0;
 };
 
 class Clipboard {
@@ -92,6 +96,8 @@ class Desktop {
   virtual ~Desktop() = default;
   /// The window has become visible, or was and is wanted in front.
   virtual void Shown(Window& window) = 0;
+  /// As `Shown`, but the keyboard stays where it is.
+  virtual void Raised(Window& window) = 0;
   virtual void Hidden(Window& window) = 0;
   virtual void Closed(Window& window) = 0;
   /// Keyboard focus to a control of a window.

@@ -13,10 +13,20 @@ void Window::Load() {
   OnLoad();
 }
 
-void Window::Show() {
+void Window::MakeVisible() {
   Load();
   if (Set(visible_, true)) OnShow();
+}
+
+void Window::Show() {
+  MakeVisible();
   platform_.desktop().Shown(*this);
+  OnActivate();
+}
+
+void Window::Raise() {
+  MakeVisible();
+  platform_.desktop().Raised(*this);
 }
 
 void Window::Hide() {

@@ -36,6 +36,8 @@ class Window : public Model {
   void Load();
   /// Loads where needed, makes visible and brings to the front.
   void Show();
+  /// The same without taking the keyboard from where it is.
+  void Raise();
   void Hide();
   /// Asks `OnQueryUnload`, and unless that cancels takes the window from screen and list. True when
   /// it is unloaded; false also while it is unloading already.
@@ -57,11 +59,14 @@ class Window : public Model {
   virtual void OnResize() {}
   /// The window becomes visible.
   virtual void OnShow() {}
+  /// The program has shown it, seen before or not.
+  virtual void OnActivate() {}
 
   [[nodiscard]] Platform& platform() const { return platform_; }
 
  private:
   void Leave();
+  void MakeVisible();
 
   Platform& platform_;
   std::string caption_, tag_;

@@ -27,9 +27,12 @@ class MDI : public platform::Window {
   platform::PictureBox Picture2;  // session light
   platform::Label Label2;         // count of instruments
   platform::Label LT, LF;         // server time and date
+  platform::CheckBox Check1;      // timer of the charting package's refresh on or off
   platform::CheckBox Check2;      // market ticker on or off
+  platform::Button Command1;      // fired alarms
   platform::Button Command3;      // brings up the board
-  platform::Timer Timer1;         // once a second
+  platform::ToolBar ActiveBar1;
+  platform::Timer Timer1;  // once a second
 
   /// The menu bar; filled before the window is first shown.
   std::vector<platform::MenuItem> menu;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "alarms/evaluate.h"
 #include "shell/commands.h"
 
 namespace shell {
@@ -13,7 +14,13 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       pipeline(store, MDI.Tickctl1, MDI.Check2),
       Conecta(platform, directory_, store, pipeline,
               {MDI.Picture2, MDI.Label2, MDI.LT, MDI.LF, MDI.Tickctl1, MDI.Tickctl2}),
-      Continuo({platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre}) {
+      Continuo({platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre}),
+      Form2(platform, MDI.FaseCierre),
+      Tickets(platform, store, pipeline, Form2),
+      Alarmas(directory_),
+      FormAlarm(platform, Alarmas, MDI.FaseCierre),
+      ListAlarm(platform, MDI.FaseCierre),
+      APrecio(platform, Alarmas, FormAlarm) {
   JoinMainWindow();
   JoinPipeline();
   JoinCommands(*this);
@@ -33,8 +40,19 @@ void Terminal::JoinMainWindow() {
 }
 
 void Terminal::JoinPipeline() {
+  pipeline.steps.tickets = [this](std::int16_t slot) { Tickets.RefrescarTickets(slot); };
+  pipeline.steps.alarmas = [this](std::int16_t slot) {
+    alarms::EvaluarAlarmas(store.Instrumentos(slot), Alarmas, FormAlarm, ListAlarm);
+  };
+  pipeline.AbrirTicket = [this](std::int16_t slot) { Tickets.AbrirTicket(slot); };
   pipeline.views.Continuo_negoti = [this](std::int16_t slot) { Continuo.negoti(slot); };
   pipeline.views.Continuo_negotii = [this](std::int16_t slot) { Continuo.negotii(slot); };
+  Conecta.steps.RefrescarLibro = [this](int index) { Tickets.RefrescarLibro(index); };
+  Conecta.steps.Negocio = [this](const store::Negocio& trade) { Tickets.Negocio(trade); };
+  Conecta.steps.FinNegocios = [this] { Tickets.FinNegocios(); };
+  Tickets.steps.EnviarTexto = [this](std::string_view text) { (void)Conecta.EnviarTexto(text); };
+  FormAlarm.steps.VerLista = [this] { ListAlarm.Show(); };
+  ListAlarm.steps.VerAlarmas = [this] { FormAlarm.Show(); };
 }
 
 void Terminal::Start() {

@@ -2,6 +2,10 @@
 
 #include <functional>
 
+#include "alarms/a_precio.h"
+#include "alarms/alarm_table.h"
+#include "alarms/form_alarm.h"
+#include "alarms/list_alarm.h"
 #include "base/program_dir.h"
 #include "feed/conecta.h"
 #include "platform/platform.h"
@@ -11,6 +15,8 @@
 #include "store/update_pipeline.h"
 #include "views/color_records.h"
 #include "views/continuo.h"
+#include "views/tape.h"
+#include "views/tickets.h"
 
 namespace shell {
 
@@ -45,6 +51,12 @@ class Terminal {
   store::UpdatePipeline pipeline;
   feed::Conecta Conecta;
   views::Continuo Continuo;
+  views::Form2 Form2;
+  views::Tickets Tickets;
+  alarms::AlarmTable Alarmas;
+  alarms::FormAlarm FormAlarm;
+  alarms::ListAlarm ListAlarm;
+  alarms::APrecio APrecio;
 };
 
 }  // namespace shell

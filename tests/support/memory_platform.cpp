@@ -18,6 +18,12 @@ bool FakeDialogs::Ask(std::string_view text) {
   return answer;
 }
 
+std::string FakeDialogs::Input(std::string_view text) {
+  prompts.emplace_back(text);
+  StayOpen();
+  return dismissed ? std::string() : line;
+}
+
 void FakeDialogs::StayOpen() {
   if (++open == 1 && while_open) while_open();
   --open;
@@ -33,6 +39,7 @@ void FakePrinter::Print(const platform::Grid& grid, std::string_view title) {
 }
 
 void FakeDesktop::Shown(platform::Window& window) { log.push_back("shown " + window.caption()); }
+void FakeDesktop::Raised(platform::Window& window) { log.push_back("raised " + window.caption()); }
 void FakeDesktop::Hidden(platform::Window& window) { log.push_back("hidden " + window.caption()); }
 void FakeDesktop::Closed(platform::Window& window) { log.push_back("closed " + window.caption()); }
 void FakeDesktop::Focus(platform::Window&, platform::Control& control) { focus = &control; }

@@ -19,14 +19,18 @@ namespace support {
 
 class FakeDialogs : public platform::Dialogs {
  public:
-  std::vector<std::string> messages, questions;
+  std::vector<std::string> messages, questions, prompts;
   bool answer = true;
+  std::string line;  // what the user types when asked for a line
+  bool dismissed = false;
   int open = 0;  // boxes open at the moment
   /// Runs while a box is open: what the outside does meanwhile. Not for boxes above another.
   std::function<void()> while_open;
 
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
+  std::string Input(std::string_view text) override;
+  void Dismiss() override { dismissed = true; }
 
  private:
   void StayOpen();
@@ -60,10 +64,12 @@ class FakeSound : public platform::Sound {
 
 class FakeDesktop : public platform::Desktop {
  public:
-  std::vector<std::string> log;  // "shown Caption", "hidden Caption", "closed Caption"
+  std::vector<std::string>
+      log;  // "shown Caption", "raised Caption", "hidden Caption", "closed Caption"
   platform::Control* focus = nullptr;
 
   void Shown(platform::Window& window) override;
+  void Raised(platform::Window& window) override;
   void Hidden(platform::Window& window) override;
   void Closed(platform::Window& window) override;
   void Focus(platform::Window& window, platform::Control& control) override;

@@ -47,6 +47,8 @@ void QtDesktop::Shown(platform::Window& window) {
   if (WindowFrame* frame = Make(window)) frame->Show(MainWidget());
 }
 
+void QtDesktop::Raised(platform::Window& window) { Shown(window); }
+
 void QtDesktop::Hidden(platform::Window& window) {
   if (WindowFrame* frame = FrameOf(window)) frame->Hide();
 }

@@ -23,6 +23,7 @@ class QtDesktop : public platform::Desktop {
   ~QtDesktop() override;
 
   void Shown(platform::Window& window) override;
+  void Raised(platform::Window& window) override;
   void Hidden(platform::Window& window) override;
   void Closed(platform::Window& window) override;
   void Focus(platform::Window& window, platform::Control& control) override;

@@ -64,6 +64,10 @@ bool QtDialogs::Ask(std::string_view text) {
              {{"&Sí", QMessageBox::YesRole}, {"&No", QMessageBox::NoRole}}) == QMessageBox::YesRole;
 }
 
+std::string QtDialogs::Input(std::string_view) { return {}; }
+
+void QtDialogs::Dismiss() {}
+
 QString BoxText(std::string_view text) {
   QString plain = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));

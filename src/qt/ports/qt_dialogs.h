@@ -11,6 +11,8 @@ class QtDialogs : public platform::Dialogs {
  public:
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
+  std::string Input(std::string_view text) override;
+  void Dismiss() override;
 };
 
 /// The text as a box shows it: at most 2000 characters and 30 lines, without control characters,

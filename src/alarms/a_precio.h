@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+
+#include "alarms/alarm_table.h"
+#include "alarms/form_alarm.h"
+#include "platform/controls.h"
+#include "platform/window.h"
+
+namespace alarms {
+
+/// Dialog that defines an alarm on price or volume. Takes any text; an alarm on a code that nobody
+/// knows never fires. What the constructor takes outlives it.
+class APrecio : public platform::Window {
+ public:
+  APrecio(platform::Platform& platform, AlarmTable& table, FormAlarm& list);
+
+  platform::TextBox Text1, Text2, Text3;    // code, threshold, order
+  platform::Label Label5;                   // "Precio" or "Volumen", in front of Text2
+  platform::OptionButton Option1;           // at or above
+  platform::OptionButton Option2{Option1};  // at or below; prices only
+  platform::Button Command1, Command2;      // accept, cancel
+  std::int16_t tipo = 0;                    // kind of the next alarm; set before it is shown
+
+  void Text1_Change();
+  void Command1_Click();
+  void Command2_Click();
+
+ protected:
+  void OnLoad() override;
+  void OnActivate() override;
+
+ private:
+  AlarmTable& table_;
+  FormAlarm& list_;
+};
+
+}  // namespace alarms

@@ -1,0 +1,7 @@
+#include "alarms/evaluate.h"
+
+namespace alarms {
+
+void EvaluarAlarmas(const store::Instrumento&, AlarmTable&, FormAlarm&, ListAlarm&) {}
+
+}  // namespace alarms

@@ -1,0 +1,3 @@
+#include "alarms/alarm_table.h"
+
+#include <gtest/gtest.h>
