@@ -1,5 +1,6 @@
 #include "base/record_file.h"
 
+#include <algorithm>
 #include <cassert>
 #include <cerrno>
 #include <climits>
@@ -56,6 +57,12 @@ std::size_t ReadAt(int fd, std::int64_t offset, std::string& buffer) {
     done += static_cast<std::size_t>(n);
   }
   return done;
+}
+
+std::string StartOf(int fd, std::size_t size) {
+  std::string buffer(size, '\0');
+  buffer.resize(ReadAt(fd, 0, buffer));
+  return buffer;
 }
 
 std::string WithoutLinks(const std::string& path) {
@@ -138,13 +145,18 @@ bool ReadWholeFile(const std::string& path, std::size_t limit, std::string& cont
   if (fd < 0) return false;
   const auto size = static_cast<std::size_t>(status.st_size);
   const bool fits = size <= limit;
-  if (fits) {
-    std::string buffer(size, '\0');
-    buffer.resize(ReadAt(fd, 0, buffer));
-    content.swap(buffer);
-  }
+  if (fits) content = StartOf(fd, size);
   close(fd);
   return fits;
+}
+
+bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content) {
+  struct stat status {};
+  const int fd = OpenRegular(path, O_RDONLY, 0, status);
+  if (fd < 0) return false;
+  content = StartOf(fd, std::min(limit, static_cast<std::size_t>(status.st_size)));
+  close(fd);
+  return true;
 }
 
 }  // namespace base

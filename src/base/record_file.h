@@ -49,5 +49,7 @@ class RecordFile {
 /// The whole content of a regular file of at most `limit` bytes. False when missing or larger;
 /// creates nothing, never blocks, and leaves `content` as it was on failure.
 [[nodiscard]] bool ReadWholeFile(const std::string& path, std::size_t limit, std::string& content);
+/// The same of a file of any size: what lies past the limit is left out.
+[[nodiscard]] bool ReadFileStart(const std::string& path, std::size_t limit, std::string& content);
 
 }  // namespace base

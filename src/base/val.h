@@ -26,11 +26,23 @@ template <typename Int>
   return static_cast<Int>(rounded);
 }
 
+/// `value` rounded to a float. Nothing for NaN, infinities and what a float can't hold.
+[[nodiscard]] inline std::optional<float> ToFloat(double value) {
+  const float narrow = static_cast<float>(value);
+  return std::isfinite(narrow) ? std::optional(narrow) : std::nullopt;
+}
+
 /// `Val` followed by `ToInteger`.
 template <typename Int>
 [[nodiscard]] std::optional<Int> ValInteger(std::string_view text) {
   const auto value = Val(text);
   return value ? ToInteger<Int>(*value) : std::nullopt;
+}
+
+/// `Val` followed by `ToFloat`.
+[[nodiscard]] inline std::optional<float> ValFloat(std::string_view text) {
+  const auto value = Val(text);
+  return value ? ToFloat(*value) : std::nullopt;
 }
 
 /// `value` + 1, or `value` itself at the limit of its type.

@@ -8,6 +8,14 @@
 
 namespace platform {
 
+/// A moment on the machine's clock, in local time.
+struct LocalTime {
+  int year = 0;  // all four digits
+  int month = 1, day = 1;
+  int hour = 0, minute = 0, second = 0;
+  friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
+
 /// Everything that the logic asks of the outside, and the list of loaded windows. One a program (or
 /// a test); outlives every window, timer and socket.
 class Platform {
@@ -20,6 +28,8 @@ class Platform {
   [[nodiscard]] virtual std::unique_ptr<TimerPort> MakeTimer(std::function<void()> tick) = 0;
   /// Runs `task` once from the event loop, after the handler that runs now; tasks keep their order.
   virtual void Post(std::function<void()> task) = 0;
+  /// Now, where the machine stands. Cheap enough to be asked for every message.
+  [[nodiscard]] virtual LocalTime local_time() const = 0;
   [[nodiscard]] virtual Desktop& desktop() = 0;
   [[nodiscard]] virtual Dialogs& dialogs() = 0;
   [[nodiscard]] virtual Clipboard& clipboard() = 0;

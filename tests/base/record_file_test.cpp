@@ -53,7 +53,7 @@ TEST(RecordFile, OpensNothingButRegularFiles) {
     RecordFile file(path, 1);
     std::string text;
     EXPECT_FALSE(file.is_open() || file.Read(1, text) || file.Write(1, "x")) << path;
-    EXPECT_FALSE(ReadWholeFile(path, 100, text)) << path;
+    EXPECT_FALSE(ReadWholeFile(path, 100, text) || ReadFileStart(path, 100, text)) << path;
     EXPECT_FALSE(ReplaceFile(path, "x")) << path;
   }
 }
@@ -91,6 +91,9 @@ TEST(ReadWholeFile, TakesAtMostTheLimit) {
   EXPECT_EQ(content, "old");
   EXPECT_TRUE(ReadWholeFile(dir.Path("f"), 5, content));
   EXPECT_EQ(content, "12345");
+  EXPECT_TRUE(ReadFileStart(dir.Path("f"), 3, content));
+  EXPECT_EQ(content, "123");
+  EXPECT_FALSE(ReadFileStart(dir.Path("none"), 3, content));
 }
 
 }  // namespace

@@ -46,4 +46,31 @@ TEST(CheckBox, RaisesClickOnEveryRealChangeOnly) {
   EXPECT_EQ(clicks, 2);
 }
 
+TEST(OptionButton, IsAloneInItsGroupAndRaisesClickWhenTurnedOn) {
+  platform::OptionButton first, second(first), third(first), stranger;
+  stranger.set_value(true);
+  int clicks = 0;
+  for (auto* option : {&first, &second, &third}) option->on_click = [&] { ++clicks; };
+  for (auto* option : {&first, &third, &third, &second}) option->set_value(true);
+  EXPECT_EQ(clicks, 3);
+  EXPECT_TRUE(!first.value() && second.value() && !third.value() && stranger.value());
+  second.set_value(false);
+  EXPECT_TRUE(!first.value() && !second.value() && !third.value() && clicks == 3);
+}
+
+TEST(ListBox, ChoosesOnlyLinesThatAreThereAndNoneOnceCleared) {
+  platform::ListBox list;
+  int clicks = 0;
+  list.on_click = [&] { ++clicks; };
+  list.AddItem("a");
+  list.AddItem("b");
+  EXPECT_EQ(list.list_index(), -1);
+  for (const int index : {1, 1, 2, -1}) list.Click(index);
+  EXPECT_EQ(list.list_index(), 1);
+  EXPECT_EQ(clicks, 2);
+  list.Clear();
+  EXPECT_EQ(list.list_index(), -1);
+  EXPECT_TRUE(list.items().empty());
+}
+
 }  // namespace

@@ -80,6 +80,7 @@ bool FakeSocket::Connect() {
 
 void FakeSocket::Close() {
   ++closes;
+  if (close_hangs) return;
   state_ = State::closed;
   pending_.clear();
   waiting_.clear();

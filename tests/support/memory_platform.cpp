@@ -15,7 +15,7 @@ void FakeDialogs::Message(std::string_view text) {
 bool FakeDialogs::Ask(std::string_view text) {
   questions.emplace_back(text);
   StayOpen();
-  return answer;
+  return answer && !dismissed;
 }
 
 std::string FakeDialogs::Input(std::string_view text) {

@@ -80,6 +80,7 @@ class MemoryPlatform : public platform::Platform {
  public:
   std::vector<FakeSocket*> sockets;  // alive ones, in order of making
   FakeDialogs boxes;
+  platform::LocalTime clock{.year = 2000, .month = 4, .day = 26};  // stands still
 
   MemoryPlatform();
   ~MemoryPlatform() override;
@@ -91,10 +92,14 @@ class MemoryPlatform : public platform::Platform {
   /// reaches.
   void RunPosted();
 
+  /// Timers that will fire if time moves on.
+  [[nodiscard]] std::size_t running_timers() const { return running_timers_.size(); }
+
   [[nodiscard]] std::unique_ptr<platform::Socket> MakeSocket(
       platform::Socket::Events events) override;
   [[nodiscard]] std::unique_ptr<platform::TimerPort> MakeTimer(std::function<void()> tick) override;
   void Post(std::function<void()> task) override { posted_.push_back(std::move(task)); }
+  [[nodiscard]] platform::LocalTime local_time() const override { return clock; }
   [[nodiscard]] FakeDesktop& desktop() override { return desktop_; }
   [[nodiscard]] FakeDialogs& dialogs() override { return boxes; }
   [[nodiscard]] FakeClipboard& clipboard() override { return clipboard_; }

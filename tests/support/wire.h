@@ -20,6 +20,19 @@ namespace support {
   return "ST" + F32(hora) + F32(fecha) + std::string(8, '\0');
 }
 
+struct TradeFields {
+  char side = 'C';
+  std::string_view code;
+  float time = 93000;
+  std::int16_t shares = 100, buyer = 101, seller = 999;
+  float price = 10;
+};
+
+[[nodiscard]] inline std::string TradeRecord(const TradeFields& trade) {
+  return std::string{trade.side, '?'} + Pad(trade.code, 5) + F32(trade.time) + I16(trade.shares) +
+         I16(trade.buyer) + I16(trade.seller) + F32(trade.price) + "????";
+}
+
 struct QuoteFields {
   std::string_view code;
   float high = 0, low = 0, last = 0, volume = 0;
