@@ -23,6 +23,8 @@ class APrecio : public platform::Window {
   std::int16_t tipo = 0;                    // kind of the next alarm; set before it is shown
 
   void Text1_Change();
+  /// Adds and saves the alarm and unloads. With a threshold that isn't above 0, or with the table
+  /// full, the dialog stays. Either way `tipo` is 0 then.
   void Command1_Click();
   void Command2_Click();
 
@@ -31,6 +33,9 @@ class APrecio : public platform::Window {
   void OnActivate() override;
 
  private:
+  void PrepararControles();
+  bool Aceptar();
+
   AlarmTable& table_;
   FormAlarm& list_;
 };

@@ -21,10 +21,11 @@ class FormAlarm : public platform::Window {
 
   platform::ListBox List1;
   platform::Button Command7, Command9, Command10;  // delete, fired alarms, hide
-  std::int16_t Seleccion = 0;                      // line last clicked, from 1
+  std::int16_t Seleccion = 0;  // line last clicked, from 1; a delete doesn't reset it
   Steps steps;
 
   void List1_Click();
+  /// Without a line clicked only writes the file.
   void Command7_Click();
   void Command9_Click();
   void Command10_Click();

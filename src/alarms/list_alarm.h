@@ -32,11 +32,12 @@ class ListAlarm : public platform::Window {
   /// Takes note; the window stays.
   void Form_DblClick();
   void Timer1_Timer();
-  /// An alarm has fired.
+  /// An alarm has fired: lists its line and beeps from now on. Raising the window is the caller's.
   void Disparada(std::string_view line);
 
  protected:
   bool OnQueryUnload() override;
+  void OnUnload() override;
 
  private:
   const std::int16_t& FaseCierre;

@@ -1,3 +1,0 @@
-#include "alarms/alarm_table.h"
-
-#include <gtest/gtest.h>
