@@ -9,7 +9,7 @@ namespace store {
 /// One trade of the market as the feed brings it.
 struct Negocio {
   char Lado = ' ';             // "C" or "V": who took the other's price; other bytes are possible
-  store::Codigo Codigo;        // five characters and two blanks
+  store::Codigo Codigo{};      // five characters and two blanks
   float Hora = 0;              // HHMMSS
   std::int16_t Titulos = 0;    // shares traded
   std::int16_t Comprador = 0;  // buying member

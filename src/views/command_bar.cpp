@@ -34,9 +34,13 @@ void CommandBar::Step() {
   const bool arrived = step_ > 0 ? top >= kShownTop : top <= HiddenTop();
   if (!arrived) return;
   if (step_ < 0) Place(top, kBareGridTop);
+  Cancel();
+  settled_();
+}
+
+void CommandBar::Cancel() {
   step_ = 0;
   timer_.set_enabled(false);
-  settled_();
 }
 
 void CommandBar::Place(int bar_top, int grid_top) {

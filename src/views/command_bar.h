@@ -23,6 +23,8 @@ class CommandBar {
   [[nodiscard]] bool hidden() const;
   void SlideIn() { Slide(kStep); }
   void SlideOut() { Slide(-kStep); }
+  /// The bar stays where it is.
+  void Cancel();
 
  private:
   static constexpr int kStep = 20;  // twips

@@ -69,6 +69,11 @@ bool GridView::OnQueryUnload() {
   return false;
 }
 
+void GridView::OnUnload() {
+  Timer1.set_enabled(false);
+  bar_.Cancel();
+}
+
 void GridView::ReadColors(bool write_first) {
   Colores = ReadColorRecord(context_.dir, design_.registro, write_first);
 }

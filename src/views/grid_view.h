@@ -74,6 +74,7 @@ class GridView : public platform::Window {
 
  protected:
   bool OnQueryUnload() override;
+  void OnUnload() override;
   void OnResize() override { Form_Resize(); }
   /// Whoever opens the board sees its commands, however long it was out of sight.
   void OnShow() override;

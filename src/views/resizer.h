@@ -14,7 +14,8 @@ class Resizer {
   void Add(platform::Control& control);
   [[nodiscard]] bool enabled() const { return enabled_; }
   void set_enabled(bool enabled) { enabled_ = enabled; }
-  /// The inner size of the window is this now, in twips. The first size is that of the design.
+  /// The inner size of the window is this now, in twips. The first size is that of the design; a
+  /// size without any room is skipped.
   void Sized(int inner_width, int inner_height);
   /// Factors against the design.
   [[nodiscard]] double scale_x() const { return scale_x_; }
@@ -28,7 +29,7 @@ class Resizer {
 
   std::vector<Entry> entries_;
   bool enabled_ = true;
-  int width_ = 0, height_ = 0;
+  double base_width_ = 0, base_height_ = 0;  // the inner size at which the factors are 1
   double scale_x_ = 1, scale_y_ = 1;
 };
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "platform/grid.h"
 #include "platform/window.h"
+#include "store/trade.h"
 
 namespace views {
 
@@ -18,6 +21,12 @@ class Form2 : public platform::Window {
 
   platform::Grid List1;
 
+  /// Adds the row of a trade, under the machine's date, and makes it the current one.
+  /// `instrumento` is the text of its column.
+  void Agregar(const store::Negocio& trade, std::string_view instrumento);
+  /// Puts `row` at the top of the view, unless the reader has scrolled away from the end.
+  void Seguir(int row);
+
   void Form_Resize();
 
  protected:
@@ -26,7 +35,13 @@ class Form2 : public platform::Window {
   void OnResize() override { Form_Resize(); }
 
  private:
+  /// The date as "yymmdd".
+  [[nodiscard]] const std::string& Fecha();
+
   const std::int16_t& FaseCierre;
+  platform::LocalTime hoy_;
+  std::string fecha_;  // that of `hoy_`
+  platform::RowText fila_;
 };
 
 }  // namespace views

@@ -2,13 +2,15 @@
 
 #include <array>
 #include <functional>
+#include <string>
 
+#include "base/masks.h"
 #include "platform/controls.h"
 #include "platform/grid.h"
-#include "platform/timer.h"
 #include "platform/window.h"
 #include "store/instrument_store.h"
 #include "store/trade.h"
+#include "views/height_slide.h"
 #include "views/resizer.h"
 #include "views/tape.h"
 
@@ -35,11 +37,14 @@ class Ticker2 : public platform::Window {
   int ListaLista = 0;  // 1 once `List1` has been filled from the tape
   int Linea_Y1 = 0;    // where the line between book and list stands, in twips
 
-  std::function<void()> al_descargar;  // it has been unloaded
+  /// It is being unloaded. May drop it from lists, but not end it: that is for the event loop.
+  std::function<void()> al_descargar;
 
   /// Fills `List1` from the tape.
   void inicio();
   void Label5_Click();
+  /// Grows until the whole list is in sight, or shrinks until it is out of sight, in small steps; a
+  /// second one meanwhile is dropped. A maximised window is restored first.
   void Label6_DblClick();
 
   void PintarCotizacion(const store::Instrumento& record);
@@ -53,9 +58,30 @@ class Ticker2 : public platform::Window {
   void OnResize() override;
 
  private:
+  void NameLabels();
+  void JoinResizer();
+  void ChangeHeight();
+  [[nodiscard]] int ListBottom() const;
+  [[nodiscard]] bool ListInSight() const;
+
+  void CopiarDeCinta();
+  void AgregarFila(char lado);
+  void Ordenar();
+
   const store::InstrumentStore& store_;
   const Form2& tape_;
+  platform::RowText fila_;  // of `List1`, while it is being built
+  bool en_orden_ = true;    // the rows of `List1` are in order of their time
+  float ultima_hora_ = 0;   // of its last row
+  HeightSlide slide_;
+  int design_linea_y1_ = 0;
+  int grown_to_ = -1;  // inner height after the last change, where that was a whole growth
+  std::string text_;   // of a label, while it is being made
 };
+
+/// How two prices are written, and with them those that stand beside them: without decimals only if
+/// both are whole.
+[[nodiscard]] const base::Mask& PriceMask(float one, float other);
 
 /// Places and sizes of a ticket's window and controls.
 void DesignTicket(Ticker2& ticket);

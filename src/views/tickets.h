@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "store/code_scan.h"
 #include "store/instrument_store.h"
 #include "store/trade.h"
 #include "store/update_pipeline.h"
@@ -12,8 +15,9 @@
 
 namespace views {
 
-/// Owns the open quote tickets and carries quotes, books and trades to those of their code, first
-/// opened first. What it is given outlives it.
+/// Owns the open quote tickets and carries quotes, books and trades to those of their code (all
+/// seven characters alike, blanks included), first opened first. A ticket that is closed leaves at
+/// once, but lives until control is back in the event loop. What it is given outlives it.
 class Tickets {
  public:
   struct Steps {
@@ -26,7 +30,7 @@ class Tickets {
 
   Steps steps;
 
-  /// Opens a ticket on the slot and asks the server for its book.
+  /// Opens a ticket on the slot and asks the server for its book. An empty slot opens none.
   void AbrirTicket(std::int16_t slot);
   void RefrescarTickets(std::int16_t slot);
   /// `index` is that of the book that has just been stored.
@@ -37,14 +41,37 @@ class Tickets {
   /// After the last trade of a batch.
   void FinNegocios();
 
-  [[nodiscard]] const std::vector<std::unique_ptr<Ticker2>>& abiertos() const { return abiertos_; }
+  /// Those open now, first opened first. Each stays valid until control is back in the event loop.
+  [[nodiscard]] std::vector<Ticker2*> abiertos() const;
 
  private:
+  using Owned = std::vector<std::unique_ptr<Ticker2>>;
+
+  void Retirar(const Ticker2& ticket);
+  void AgregarACinta(const store::Negocio& trade);
+
+  struct Clave {
+    store::CodeKey key;  // tells nearly all other codes apart in one comparison
+    store::Codigo code;
+  };
+
+  template <typename Visit>
+  void ForEachOf(const store::Codigo& code, const Visit& visit) {
+    if (abiertos_.empty()) return;
+    const store::CodeKey key = store::PackCode(code.bytes());
+    for (std::size_t i = 0; i < abiertos_.size(); ++i) {
+      if (claves_[i].key == key && claves_[i].code == code) visit(*abiertos_[i]);
+    }
+  }
+
   platform::Platform& platform_;
   store::InstrumentStore& store_;
   store::UpdatePipeline& pipeline_;
   Form2& tape_;
-  std::vector<std::unique_ptr<Ticker2>> abiertos_;
+  std::vector<Clave> claves_;  // of the open tickets
+  Owned abiertos_;
+  std::shared_ptr<Owned> cerrados_;  // closed ones, until the event loop ends them
+  std::string instrumento_;          // of the trade in hand, as it stands on the tape
 };
 
 }  // namespace views
