@@ -73,7 +73,11 @@ void Conecta::PrepararControles() {
 
 void Conecta::UnirPasos() {
   codec_.steps = {
-      .Procesar = [this](std::string_view message) { dispatcher_.Procesar(message); },
+      // A read that waited in a box may have outlasted the session.
+      .Procesar =
+          [this](std::string_view message) {
+            if (!terminado_) dispatcher_.Procesar(message);
+          },
       .QuedaTexto = [this] { strip_.Picture2.set_picture(Picture::connected); },
   };
   dispatcher_.steps = {
@@ -229,7 +233,7 @@ void Conecta::PedirSesion() {
 }
 
 bool Conecta::EnviarTexto(std::string_view text) {
-  return tcpClient->Send(std::string(text).append(kTerminador));
+  return !terminado_ && tcpClient->Send(std::string(text).append(kTerminador));
 }
 
 void Conecta::Redirigir(std::string_view host) {

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <vector>
-
-#include "platform/menu.h"
-
 namespace shell {
 
 class Terminal;
 
-/// Joins every command of the program to the ways in which it is offered: the menu tree of the main
-/// window and the buttons of its strip. `terminal` outlives both.
+/// Offers every command of the program in the menu, on the tool bar and in the strip of the main
+/// window. None runs once the program ends. `terminal` outlives the window's controls.
 void JoinCommands(Terminal& terminal);
 
 }  // namespace shell

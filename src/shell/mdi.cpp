@@ -16,12 +16,15 @@ MDI::MDI(platform::Platform& platform) : Window(platform), Timer1(platform, 1000
   Label2.set_fore(base::palette::kBrightWhite);
   LT.set_tool_tip("Hora de sesión");
   LF.set_tool_tip("Fecha de sesión");
+  Check1.set_caption("&Refresh");
+  Check1.set_tool_tip("Generar refresco automático al MetaStock");
+  Check1.set_value(1);
   Check2.set_caption("&Ticker");
   Check2.set_tool_tip("Ocultar o visualizar el Ticker");
-  Command3.set_tool_tip("Muestra el Mercado Continuo");
 
   Timer1.on_tick = [this] { Timer1_Timer(); };
   Picture2.on_click = [this] { Picture2_Click(); };
+  Check1.on_click = [this] { Check1_Click(); };
   Check2.on_click = [this] { Check2_Click(); };
 }
 
@@ -32,25 +35,33 @@ void MDI::OnLoad() {
 
 bool MDI::OnQueryUnload() {
   if (FaseCierre == 0 && steps.Terminar) steps.Terminar();
-  return true;
+  return false;
 }
 
 void MDI::OnResize() { Form_Resize(); }
 
 void MDI::Timer1_Timer() {
-  if (FaseCierre > 0) FaseCierre = base::CheckedIncrement(FaseCierre);
+  if (FaseCierre > 0) {
+    FaseCierre = base::CheckedIncrement(FaseCierre);
+    if (steps.Avanzar) steps.Avanzar();
+  }
   if (!steps.Conectado || !steps.Conectado()) return;
   Label2.set_back(base::palette::kBlack);
   Picture2.set_picture(Picture::connected);
 }
 
 void MDI::Picture2_Click() {
+  if (FaseCierre > 0) return;
   // The state may change while the user makes up his mind; the answer is to the question asked.
   if (steps.Cerrado && steps.Cerrado()) {
     if (platform().dialogs().Ask("¿Desea Conectarse?") && steps.Conectar) steps.Conectar();
   } else if (steps.Conectado && steps.Conectado()) {
     if (platform().dialogs().Ask("¿Desea Desconectarse?") && steps.Desconectar) steps.Desconectar();
   }
+}
+
+void MDI::Check1_Click() {
+  if (FaseCierre == 0 && steps.Refresco) steps.Refresco(Check1.value() == 1);
 }
 
 void MDI::Check2_Click() { Picture1.set_visible(Check2.value() == 1); }

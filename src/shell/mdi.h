@@ -12,8 +12,9 @@
 
 namespace shell {
 
-/// The main window: menu, status strip, both tickers. It stands first in the window list and paints
-/// nothing by itself; closing it ends the program.
+/// The main window: menu, tool bar, status strip, both tickers. It stands first in the window list
+/// and paints nothing by itself. A request to close it begins the stop of the program and is
+/// otherwise refused: it stays loaded to the end.
 class MDI : public platform::Window {
  public:
   static constexpr const char* kCaption = "Cotirama Brizna 4.1";
@@ -41,17 +42,20 @@ class MDI : public platform::Window {
   std::int16_t FaseCierre = 0;
 
   struct Steps {
-    std::function<void()> Cargar;       // the window is loading
-    std::function<bool()> Conectado;    // the feed socket is connected
-    std::function<bool()> Cerrado;      // the feed socket is closed
-    std::function<void()> Conectar;     // the user wants a session
-    std::function<void()> Desconectar;  // the user wants none
-    std::function<void()> Terminar;     // the program is to stop
+    std::function<void()> Cargar;        // the window is loading
+    std::function<bool()> Conectado;     // the feed socket is connected
+    std::function<bool()> Cerrado;       // the feed socket is closed
+    std::function<void()> Conectar;      // the user wants a session
+    std::function<void()> Desconectar;   // the user wants none
+    std::function<void(bool)> Refresco;  // turns the timer of the refresh on or off
+    std::function<void()> Terminar;      // the program is to stop
+    std::function<void()> Avanzar;       // it stops, and another second of that has begun
   };
   Steps steps;
 
   void Timer1_Timer();
   void Picture2_Click();
+  void Check1_Click();
   void Check2_Click();
   void Form_Resize();
 

@@ -33,6 +33,9 @@ void StartUp(Terminal& terminal, const base::ProgramDir& directory) {
   SetUpTickers(mdi);
   terminal.ConfigVentana = views::LoadConfigVentana(directory);
   views::ApplyLook(terminal.ConfigVentana[1], terminal.Continuo.G);
+  terminal.Alarmas.CargarAlarmas();
+  terminal.FormAlarm.Load();
+  terminal.FormAlarm.Rellenar();
 }
 
 }  // namespace shell

@@ -20,7 +20,8 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       Alarmas(directory_),
       FormAlarm(platform, Alarmas, MDI.FaseCierre),
       ListAlarm(platform, MDI.FaseCierre),
-      APrecio(platform, Alarmas, FormAlarm) {
+      APrecio(platform, Alarmas, FormAlarm),
+      stop_(*this) {
   JoinMainWindow();
   JoinPipeline();
   JoinCommands(*this);
@@ -35,7 +36,9 @@ void Terminal::JoinMainWindow() {
       .Cerrado = [this] { return Conecta.cerrado(); },
       .Conectar = [this] { ShowLogin(); },
       .Desconectar = [this] { Conecta.Recargar(); },
-      .Terminar = [this] { Stop(); },
+      .Refresco = [this](bool on) { Conecta.Timer2.set_enabled(on); },
+      .Terminar = [this] { stop_.Begin(); },
+      .Avanzar = [this] { stop_.Advance(); },
   };
 }
 
@@ -63,21 +66,6 @@ void Terminal::Start() {
 void Terminal::ShowLogin() {
   Conecta.Show();
   Conecta.SetFocus(Conecta.Text1);
-}
-
-void Terminal::Stop() {
-  MDI.Tickctl1.set_scrolling(false);
-  MDI.Tickctl2.set_scrolling(false);
-  MDI.FaseCierre = 1;
-  Conecta.Cerrar();
-  Continuo.Timer1.set_enabled(false);
-  platform_.windows.ForEach([this](platform::Window& window) {
-    if (&window != &MDI) window.Unload();
-  });
-  MDI.Timer1.set_enabled(false);
-  platform_.Post([this] {
-    if (on_end) on_end();
-  });
 }
 
 }  // namespace shell

@@ -11,6 +11,7 @@
 #include "platform/platform.h"
 #include "shell/mdi.h"
 #include "shell/start_up.h"
+#include "shell/stop.h"
 #include "store/instrument_store.h"
 #include "store/update_pipeline.h"
 #include "views/color_records.h"
@@ -30,15 +31,17 @@ class Terminal {
 
   /// Brings the program up to its shown main window with the login window in front.
   void Start();
-  /// Called once when the main window has closed and the program may end.
+  /// Called once, from the event loop, when the stop is complete: the program ends, status 0. Set
+  /// before.
   std::function<void()> on_end;
+
+  [[nodiscard]] platform::Platform& platform() const { return platform_; }
 
  private:
   /// The login window in front, the cursor in its first field.
   void ShowLogin();
   void JoinMainWindow();
   void JoinPipeline();
-  void Stop();
 
   platform::Platform& platform_;
   base::ProgramDir directory_;
@@ -57,6 +60,9 @@ class Terminal {
   alarms::FormAlarm FormAlarm;
   alarms::ListAlarm ListAlarm;
   alarms::APrecio APrecio;
+
+ private:
+  Stop stop_;
 };
 
 }  // namespace shell

@@ -190,4 +190,44 @@ TEST_F(MarketDecoderTest, StoresBooksAndTellsOfEach) {
   EXPECT_EQ(market.store.NumLibros(), 6);
 }
 
+TEST_F(MarketDecoderTest, TellsOfEachTradeAndOfTheEndOfTheirBatch) {
+  std::string told;
+  decoder.steps.Negocio = [&](const store::Negocio& trade) {
+    told += trade.Lado + trade.Codigo.utf8() + '|';
+    for (const int number : {static_cast<int>(trade.Hora), int{trade.Titulos}, int{trade.Comprador},
+                             int{trade.Vendedor}, static_cast<int>(trade.Precio)}) {
+      told += std::to_string(number) + ' ';
+    }
+    told += '\n';
+  };
+  decoder.steps.FinNegocios = [&] { told += "end\n"; };
+  const std::string bet = support::TradeRecord({'V', "BET", 101500, -7, 300, 400, 12});
+  struct Case {
+    std::string message, told;
+  };
+  const Case cases[] = {
+      {"02,1:" + support::TradeRecord({.side = 'C', .code = "ALDEX", .price = 9}) + bet,
+       "CALDEX  |93000 100 101 999 9 \nVBET    |101500 -7 300 400 12 \nend\n"},
+      // Of the second one only side, code, time and half of the shares are there.
+      {"09,1:" + bet + "CxALD  " + F32(93000) + "\x01",
+       "VBET    |101500 -7 300 400 12 \nCALD    |93000 -7 300 400 12 \nend\n"},
+      {"09,1:" + bet + "CxAL",
+       "VBET    |101500 -7 300 400 12 \nCAL     |101500 -7 300 400 12 \nend\n"},
+      {"01,1:" + bet + bet, "VBET    |101500 -7 300 400 12 \nend\n"},
+      {"03,1:", "end\n"},
+      {"-1,1:" + bet, "end\n"},
+  };
+  for (const Case& test : cases) {
+    told.clear();
+    decoder.Proces(test.message);
+    EXPECT_EQ(told, test.told) << test.message;
+  }
+  // A full batch reads as one of masters as well.
+  std::string full = "99,1:";
+  for (int n = 0; n < 99; ++n) full += bet;
+  decoder.Proces(full);
+  EXPECT_EQ(decoder.ContadorRecords(), 1);
+  EXPECT_EQ(market.store.NumInstrumentos(), 0);
+}
+
 }  // namespace

@@ -7,6 +7,7 @@
 #include "demo/feed.h"
 #include "shell/terminal.h"
 #include "support/memory_platform.h"
+#include "support/wire.h"
 
 /// A whole terminal on the in-memory platform, its feed socket joined to an embedded market.
 class TerminalTest : public testing::Test {
@@ -25,6 +26,15 @@ class TerminalTest : public testing::Test {
     terminal->Conecta.Command2.Click();
     feed().Accept();
   }
+
+  void LogIn(const char* code) {
+    LogIn();
+    feed().Arrive(support::Frame(
+        "99,1   " +
+        support::MasterRecord({.code = code, .name = "ACME", .previous = 9, .last = 10})));
+  }
+
+  void PressTool(int number) { terminal->MDI.ActiveBar1.Click({number, {}}); }
 
   /// Lets `ms` pass on both sides of the wire, in steps of 100 ms.
   void Run(demo::Feed& market, int connection, int ms) {

@@ -108,6 +108,21 @@ TEST_F(TerminalTest, StartsWithTheLoginWindowInFrontOfAnEmptyBoard) {
   EXPECT_FLOAT_EQ(terminal->Continuo.G.font_size(), 7.0F);
 }
 
+TEST_F(TerminalTest, LoadsAWindowUnseenWhenItIsFirstTouched) {
+  Start();
+  const std::vector<std::pair<platform::Window*, bool>> at_start{
+      {&terminal->Continuo, true}, {&terminal->Conecta, true},    {&terminal->FormAlarm, true},
+      {&terminal->Form2, false},   {&terminal->ListAlarm, false}, {&terminal->APrecio, false}};
+  for (const auto& [window, loaded] : at_start) {
+    EXPECT_EQ(window->loaded(), loaded) << window->caption();
+  }
+  LogIn("ALD");
+  feed().Arrive(support::Frame("01,1:" + support::TradeRecord({.code = "ALD"})));
+  EXPECT_TRUE(terminal->Form2.loaded());
+  EXPECT_FALSE(terminal->Form2.visible());
+  EXPECT_EQ(terminal->Form2.List1.rows(), 2);
+}
+
 TEST_F(TerminalTest, TakesTheBoardsLookFromItsFile) {
   std::string record = support::I32(1) + support::I32(0x00112233) + support::I32(4) +
                        support::I32(14) + support::Pad("Roboto", 30) + support::I16(3) +
@@ -169,22 +184,6 @@ TEST_F(TerminalTest, TheStripGoesBackToRestAfterASecond) {
   outside.avanzar(1000);
   EXPECT_EQ(terminal->MDI.Label2.back(), palette::kBlack);
   EXPECT_EQ(terminal->MDI.Picture2.picture(), Picture::connected);
-}
-
-TEST_F(TerminalTest, ClosingABoardHidesItAndClosingTheProgramEndsIt) {
-  Start();
-  terminal->MDI.Command3.Click();
-  EXPECT_TRUE(terminal->Continuo.visible());
-  terminal->Continuo.UserClose();
-  EXPECT_FALSE(terminal->Continuo.visible());
-  EXPECT_TRUE(terminal->Continuo.loaded());
-
-  LogIn();
-  terminal->MDI.UserClose();
-  outside.RunPosted();
-  EXPECT_TRUE(ended);
-  EXPECT_TRUE(terminal->Conecta.cerrado());
-  EXPECT_EQ(outside.windows.size(), 0U);
 }
 
 TEST_F(TerminalTest, TheStripFollowsTheMaximisedWindow) {
