@@ -3,10 +3,12 @@
 #include <utility>
 
 #include "qt/look/grid_widget.h"
+#include "qt/look/list_widget.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 #include "qt/look/ticker_widget.h"
+#include "qt/ports/twips.h"
 
 namespace qt {
 namespace {
@@ -37,13 +39,6 @@ std::function<void()> CommonShower(const platform::Control& control, QWidget& wi
     ShowCommon(control, widget);
     if (!named) ShowName(widget, NameOf({}, control));
   };
-}
-
-void ShowColor(QWidget& widget, QPalette::ColorRole role, const QColor& color) {
-  if (widget.palette().color(role) == color) return;
-  QPalette palette = widget.palette();
-  palette.setColor(role, color);
-  widget.setPalette(palette);
 }
 
 }  // namespace
@@ -80,19 +75,24 @@ Binders::~Binders() {
 
 void Binders::Follow(platform::Control& model, QWidget& widget, std::function<void()> show) {
   widgets_[&model] = &widget;
+  if (placed_) {
+    show = [&model, &widget, show = std::move(show)] {
+      widget.setGeometry(ToPixels(model.rect()));
+      show();
+    };
+  }
   bonds_.push_back(std::make_unique<Bond>(*this, model, std::move(show)));
 }
 
 void Binders::Bind(platform::Label& label, LabelWidget& widget, Colors colors) {
   Follow(label, widget, [&label, &widget, colors] {
     const QString text = Text(label.caption());
-    if (widget.text() != text) widget.setText(text);
+    widget.ShowText(text);
     if (colors == Colors::model) {
-      ShowColor(widget, QPalette::WindowText, ColorOf(label.fore()));
-      widget.set_ground(ColorOf(label.back()));
+      widget.set_colors(ColorOf(label.fore()), ColorOf(label.back()));
     }
     ShowCommon(label, widget);
-    ShowName(widget, NameOf(text, label));
+    ShowName(widget, NameOf(text.trimmed(), label));
   });
   widget.on_click = [&label] { label.Click(); };
   widget.on_double_click = [&label] { label.DoubleClick(); };
@@ -134,6 +134,30 @@ void Binders::Bind(platform::CheckBox& box, QCheckBox& widget) {
                    [&box](bool checked) { box.set_value(checked ? 1 : 0); });
 }
 
+void Binders::Bind(platform::OptionButton& option, QRadioButton& widget) {
+  // Qt's own groups don't let go of the last one that is on.
+  widget.setAutoExclusive(false);
+  Follow(option, widget, [&option, &widget] {
+    const QString caption = Text(option.caption());
+    if (widget.text() != caption) widget.setText(caption);
+    if (widget.isChecked() != option.value()) widget.setChecked(option.value());
+    ShowCommon(option, widget);
+    ShowName(widget, NameOf(SpokenCaption(option.caption()), option));
+  });
+  QObject::connect(&widget, &QRadioButton::clicked, &context_, [&option, &widget] {
+    widget.setChecked(true);  // a second click doesn't turn it off
+    option.set_value(true);
+  });
+}
+
+void Binders::Bind(platform::ListBox& list, ListWidget& widget) {
+  Follow(list, widget, [&widget, show_common = CommonShower(list, widget)] {
+    show_common();
+    widget.Refresh();
+  });
+  drops_.push_back([&widget] { widget.Drop(); });
+}
+
 void Binders::Bind(platform::PictureBox& picture, PictureWidget& widget) {
   Follow(picture, widget, [&picture, &widget, show_common = CommonShower(picture, widget)] {
     widget.set_picture(picture.picture());
@@ -158,7 +182,7 @@ void Binders::Bind(platform::Grid& grid, GridWidget& widget) {
   drops_.push_back([&widget] { widget.Drop(); });
 }
 
-void Binders::BindPanel(platform::PictureBox& panel, QWidget& widget) {
+void Binders::BindPanel(platform::Control& panel, QWidget& widget) {
   Follow(panel, widget, CommonShower(panel, widget));
 }
 

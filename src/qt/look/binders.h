@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QObject>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "platform/control.h"
 #include "platform/controls.h"
@@ -20,6 +21,7 @@ namespace qt {
 
 class GridWidget;
 class LabelWidget;
+class ListWidget;
 class PictureWidget;
 class TickerWidget;
 
@@ -33,17 +35,22 @@ class Binders {
   Binders(const Binders&) = delete;
   Binders& operator=(const Binders&) = delete;
 
+  /// What is bound from now on also stands where its model says, instead of in a layout.
+  void PlaceByModels() { placed_ = true; }
   /// Whether a label takes the colours of its model or those of the theme.
   enum class Colors { model, theme };
   void Bind(platform::Label& label, LabelWidget& widget, Colors colors = Colors::model);
   void Bind(platform::TextBox& box, QLineEdit& widget);
   void Bind(platform::Button& button, QPushButton& widget);
   void Bind(platform::CheckBox& box, QCheckBox& widget);
+  /// The model alone says which of its group is on.
+  void Bind(platform::OptionButton& option, QRadioButton& widget);
+  void Bind(platform::ListBox& list, ListWidget& widget);
   void Bind(platform::PictureBox& picture, PictureWidget& widget);
   void Bind(platform::Ticker& ticker, TickerWidget& widget);
   void Bind(platform::Grid& grid, GridWidget& widget);
   /// A panel that other controls stand on.
-  void BindPanel(platform::PictureBox& panel, QWidget& widget);
+  void BindPanel(platform::Control& panel, QWidget& widget);
   /// Runs `show` with the frame after each change of `model`, and once now.
   void Follow(platform::Control& model, QWidget& widget, std::function<void()> show);
 
@@ -57,6 +64,7 @@ class Binders {
   QWidget& host_;
   FrameClock& clock_;
   QObject context_;
+  bool placed_ = false;
   std::vector<std::function<void()>> drops_;
   std::vector<std::unique_ptr<Bond>> bonds_;
   std::unordered_map<const platform::Control*, QWidget*> widgets_;

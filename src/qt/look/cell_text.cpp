@@ -7,6 +7,8 @@
 namespace qt {
 namespace {
 
+constexpr double kNarrowest = 0.8;
+
 /// The next character of `utf8` from `at` on; 0 for one past U+017F or for broken bytes.
 char32_t NextWestern(std::string_view utf8, std::size_t& at) {
   const auto lead = static_cast<unsigned char>(utf8[at++]);
@@ -82,17 +84,25 @@ void CellText::Draw(QPainter& painter, const QRectF& place, std::string_view utf
                     platform::Align align) {
   if (!Lay(utf8)) return DrawShaped(painter, place, utf8, align);
   if (glyphs_.empty()) return;
-  const bool fits = end_ <= place.width();
-  if (!fits) Elide(place.width());
+  const double room = place.width();
+  // Rather narrower than cut.
+  const double squeeze = end_ > room && end_ * kNarrowest <= room ? room / end_ : 1;
+  const bool fits = end_ * squeeze <= room;
+  if (!fits) Elide(room);
   double left = place.left();
   if (fits && align != platform::Align::left) {
-    left += (place.width() - end_) / (align == platform::Align::center ? 2 : 1);
+    left += (room - end_ * squeeze) / (align == platform::Align::center ? 2 : 1);
   }
   const double base = place.top() + (place.height() + metrics_.ascent() - metrics_.descent()) / 2;
   QGlyphRun run;
   run.setRawFont(raw_);
   run.setRawData(glyphs_.data(), places_.data(), static_cast<int>(glyphs_.size()));
-  painter.drawGlyphRun(QPointF(left, qRound(base)), run);
+  if (squeeze == 1) return painter.drawGlyphRun(QPointF(left, qRound(base)), run);
+  const QTransform before = painter.transform();
+  painter.translate(left, qRound(base));
+  painter.scale(squeeze, 1);
+  painter.drawGlyphRun(QPointF(), run);
+  painter.setTransform(before);
 }
 
 void CellText::DrawShaped(QPainter& painter, const QRectF& place, std::string_view utf8,

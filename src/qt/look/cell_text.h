@@ -15,8 +15,9 @@
 namespace qt {
 
 /// Draws one-line texts of a font fast: glyphs and widths of the western characters are looked up
-/// once and texts are not shaped. A text with other characters takes Qt's own road. What doesn't
-/// fit ends in "…". The pen of the painter holds.
+/// once and texts are not shaped. A text with other characters takes Qt's own road. What
+/// is a little too wide is drawn narrower, what is wider yet ends in "…". The pen of the painter
+/// holds.
 class CellText {
  public:
   explicit CellText(const QFont& font);

@@ -8,6 +8,10 @@
 namespace qt {
 
 DeskArea::DeskArea(QWidget* parent) : QMdiArea(parent) {
+  // What was left last comes back when a window closes.
+  setActivationOrder(ActivationHistoryOrder);
+  // A ticket that is opened over a maximised board stays a ticket.
+  setOption(DontMaximizeSubWindowOnActivation);
   setBackground(tone::kGround);
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -32,7 +36,8 @@ void DeskArea::paintEvent(QPaintEvent* event) {
   };
   line(-12, TitleFont(), Mix(tone::kGround, tone::kText, 0.55), QStringLiteral("Cotirama Brizna"));
   line(28, TextFont(), Mix(tone::kGround, tone::kMuted, 0.75),
-       QStringLiteral("Pulse la luz de sesión para conectarse; el menú Instrumentos abre el mercado"));
+       QStringLiteral(
+           "Pulse la luz de sesión para conectarse; el menú Instrumentos abre el mercado"));
 }
 
 }  // namespace qt

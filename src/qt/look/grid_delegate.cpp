@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "qt/look/ink.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 
@@ -63,11 +64,16 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                       back.lightness() < 128 ? QColor(255, 255, 255, 30) : QColor(0, 0, 0, 20));
   }
   DrawLines(*painter, cell, back);
+  if (tape_ && option.state.testFlag(QStyle::State_Selected)) {
+    QColor chosen = tone::kAccent;
+    chosen.setAlpha(90);
+    painter->fillRect(cell, chosen);
+  }
   const std::string_view text = grid_.text(row, col);
   if (!text.empty()) {
-    painter->setPen(ColorOf(grid_.fore(row, col)));
-    (col == 0 ? name_ : text_)
-        .Draw(*painter, QRectF(cell).adjusted(kPadding, 0, -kPadding, 0), text, grid_.align(col));
+    const QRectF place = QRectF(cell).adjusted(padding(), 0, -padding(), 0);
+    DrawReadable(*painter, ColorOf(grid_.fore(row, col)), back,
+                 [&] { TextOf(col).Draw(*painter, place, text, grid_.align(col)); });
   }
   if (index.row() == current_row_) DrawCurrent(*painter, cell, col);
 }
@@ -105,9 +111,8 @@ void GridDelegate::DrawCurrent(QPainter& painter, const QRect& cell, int col) co
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {
-  CellText& text = index.column() == 0 ? name_ : text_;
-  const double width = text.WidthOf(grid_.text(index.row() + 1, index.column()));
-  return {static_cast<int>(std::ceil(width)) + 2 * kPadding, row_height()};
+  const double width = TextOf(index.column()).WidthOf(grid_.text(index.row() + 1, index.column()));
+  return {static_cast<int>(std::ceil(width)) + 2 * padding(), row_height()};
 }
 
 }  // namespace qt

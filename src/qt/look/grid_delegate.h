@@ -11,10 +11,12 @@ namespace qt {
 /// row and the one under the mouse without hiding the colours of cells.
 class GridDelegate : public QAbstractItemDelegate {
  public:
-  static constexpr int kPadding = 7;
+  static constexpr int kPadding = 7, kTapePadding = 3;
 
   explicit GridDelegate(const platform::Grid& grid, QObject* parent = nullptr);
 
+  /// For rows of figures alone, close together, of which some can be chosen.
+  void DrawAsTape() { tape_ = true; }
   /// The fonts of name and size that the grid asks for.
   void TakeFonts();
   [[nodiscard]] int row_height() const;
@@ -35,11 +37,13 @@ class GridDelegate : public QAbstractItemDelegate {
  private:
   void DrawLines(QPainter& painter, const QRect& cell, const QColor& back) const;
   void DrawCurrent(QPainter& painter, const QRect& cell, int col) const;
+  [[nodiscard]] CellText& TextOf(int col) const { return col == 0 && !tape_ ? name_ : text_; }
+  [[nodiscard]] int padding() const { return tape_ ? kTapePadding : kPadding; }
 
   const platform::Grid& grid_;
   mutable CellText name_, text_;  // the first column, the others
   int hover_ = -1, current_row_ = -1, current_col_ = -1;
-  bool focus_ = false;
+  bool focus_ = false, tape_ = false;
 };
 
 }  // namespace qt

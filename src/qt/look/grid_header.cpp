@@ -11,7 +11,8 @@
 
 namespace qt {
 
-GridHeader::GridHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+GridHeader::GridHeader(QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), padding_(GridDelegate::kPadding) {
   setSectionsMovable(true);
   setFirstSectionMovable(false);
   setSectionsClickable(true);
@@ -48,7 +49,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int logical)
   painter->fillRect(rect.right(), rect.top() + 5, 1, rect.height() - 11, tone::kLine);
   const int align = model()->headerData(logical, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
   const QString text = model()->headerData(logical, Qt::Horizontal, Qt::DisplayRole).toString();
-  const QRect place = rect.adjusted(GridDelegate::kPadding, 0, -GridDelegate::kPadding, 0);
+  const QRect place = rect.adjusted(padding_, 0, -padding_, 0);
   painter->setFont(font());
   painter->setPen(logical == hover_ ? tone::kText : tone::kMuted);
   painter->drawText(place, align | Qt::TextSingleLine,
@@ -60,7 +61,7 @@ QSize GridHeader::sectionSizeFromContents(int logical) const {
   const QFontMetrics metrics(font());
   if (!model()) return {0, metrics.height() + 12};  // between two models
   const QString text = model()->headerData(logical, Qt::Horizontal, Qt::DisplayRole).toString();
-  return {metrics.horizontalAdvance(text) + 2 * GridDelegate::kPadding, metrics.height() + 12};
+  return {metrics.horizontalAdvance(text) + 2 * padding_, metrics.height() + 12};
 }
 
 void GridHeader::SetHover(int col) {

@@ -11,6 +11,9 @@ class GridHeader : public QHeaderView {
  public:
   explicit GridHeader(QWidget* parent);
 
+  /// Pixels left and right of a heading.
+  void set_padding(int padding) { padding_ = padding; }
+
   /// The mouse moves over a heading, or over the strip behind the last one: col -1.
   std::function<void(int col)> on_hover;
   std::function<void()> on_leave;
@@ -37,6 +40,7 @@ class GridHeader : public QHeaderView {
 
   bool pressed_ = false, resized_ = false, moving_back_ = false, moved_ = false;
   int hover_ = -1;
+  int padding_;
 };
 
 }  // namespace qt

@@ -1,11 +1,16 @@
 #include "qt/look/grid_widget.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
@@ -47,14 +52,20 @@ GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
   setHorizontalHeader(header_);
   setModel(model_.get());
   JoinHeader();
-  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-    if (following_ || !grid_) return;
-    grid_->set_top_row(value + 1);
-    top_seen_ = grid_->top_row();
-  });
+  connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &GridWidget::UserScrolled);
   FollowLook();
   FollowWidths();
   FollowCurrent();
+}
+
+void GridWidget::ReadAsTape(const QString& empty) {
+  tape_ = true;
+  empty_text_ = empty;
+  setSelectionMode(ExtendedSelection);
+  clearSelection();
+  header_->setSectionsMovable(false);
+  header_->set_padding(GridDelegate::kTapePadding);
+  delegate_->DrawAsTape();
 }
 
 void GridWidget::Drop() {
@@ -105,8 +116,8 @@ void GridWidget::Refresh() {
   if (changes.all) FollowLook();
   model_->Follow(changes, std::max(rowAt(0), 0), LastShownRow());
   if (changes.all) FollowWidths();
-  FollowCurrent();
   FollowTopRow();
+  FollowCurrent();
 }
 
 void GridWidget::FollowLook() {
@@ -135,13 +146,29 @@ void GridWidget::FollowWidths() {
 void GridWidget::FollowCurrent() {
   const QModelIndex current = currentIndex();
   int row = grid_->row() - 1;
-  if (row < 0) row = current.isValid() ? current.row() : 0;
+  const bool read_elsewhere = tape_ && !AtEnd();
+  if (row < 0 || read_elsewhere) row = current.isValid() ? current.row() : 0;
   const QModelIndex wanted = model_->index(row, grid_->col());
   if (wanted == current || !wanted.isValid()) return;
   const QScopedValueRollback<bool> guard(following_, true);
   setAutoScroll(false);
-  setCurrentIndex(wanted);
+  // What the user has chosen on a tape is not lost to the next row that comes.
+  selectionModel()->setCurrentIndex(
+      wanted, tape_ ? QItemSelectionModel::NoUpdate
+                    : QItemSelectionModel::SelectionFlags(QItemSelectionModel::ClearAndSelect |
+                                                          QItemSelectionModel::Rows));
   setAutoScroll(true);
+}
+
+bool GridWidget::AtEnd() const {
+  return verticalScrollBar()->value() == verticalScrollBar()->maximum();
+}
+
+// At the end the last row counts as the top one, however many rows the view shows above it.
+void GridWidget::UserScrolled(int value) {
+  if (following_ || !grid_) return;
+  grid_->set_top_row(AtEnd() ? grid_->rows() - 1 : value + 1);
+  top_seen_ = grid_->top_row();
 }
 
 void GridWidget::FollowTopRow() {
@@ -153,6 +180,8 @@ void GridWidget::FollowTopRow() {
 void GridWidget::updateGeometries() {
   const QScopedValueRollback<bool> guard(following_, true);
   QTableView::updateGeometries();
+  // There may be room now to scroll the top row higher.
+  if (top_seen_ > 0) verticalScrollBar()->setValue(top_seen_ - 1);
 }
 
 void GridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -173,7 +202,7 @@ void GridWidget::PointAt(int row, int col) {
 
 void GridWidget::MoveColumn(int from, int to) {
   if (grid_->on_before_move_column) to = grid_->on_before_move_column(from, to);
-  if (from != 0) grid_->MoveColumn(from, std::max(to, 1));
+  if (from != 0 && !tape_) grid_->MoveColumn(from, std::max(to, 1));
 }
 
 void GridWidget::Widen(int px) {
@@ -182,9 +211,45 @@ void GridWidget::Widen(int px) {
   widened_ = true;
 }
 
+void GridWidget::ScrollPage(QAbstractSlider::SliderAction step) {
+  verticalScrollBar()->triggerAction(step);
+  const int row = qBound(rowAt(0), currentIndex().row(), LastShownRow());
+  selectionModel()->setCurrentIndex(model_->index(row, currentIndex().column()),
+                                    QItemSelectionModel::NoUpdate);
+}
+
+// Rows that come would pull the current row back, and a page that starts from it with them.
+bool GridWidget::RunTapeKey(const QKeyEvent& event) {
+  if (event.matches(QKeySequence::Copy)) return CopyRows(), true;
+  if (event.modifiers() != Qt::NoModifier) return false;
+  if (event.key() == Qt::Key_PageUp) return ScrollPage(QScrollBar::SliderPageStepSub), true;
+  if (event.key() == Qt::Key_PageDown) return ScrollPage(QScrollBar::SliderPageStepAdd), true;
+  return false;
+}
+
+void GridWidget::CopyRows() const {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  if (rows.empty() && currentIndex().isValid()) rows.push_back(currentIndex().row());
+  if (rows.empty()) return;
+  std::sort(rows.begin(), rows.end());
+  std::string text;
+  for (const int row : rows) {
+    for (int col = 0; col < grid_->cols(); ++col) {
+      if (col > 0) text += '\t';
+      text += grid_->text(row + 1, col);
+    }
+    text += '\n';
+  }
+  QGuiApplication::clipboard()->setText(Text(text));
+}
+
 bool GridWidget::RunCommandKey(const QKeyEvent& event) {
   const QModelIndex current = currentIndex();
   if (!current.isValid()) return false;
+  if (tape_ && RunTapeKey(event)) return true;
   const bool control = event.modifiers().testFlag(Qt::ControlModifier);
   const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
   const int step = event.key() == Qt::Key_Left ? -1 : 1;
@@ -221,8 +286,10 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   const bool plain = event->modifiers() == Qt::NoModifier;
   if (plain && event->key() == Qt::Key_Home) {
     setCurrentIndex(model_->index(0, currentIndex().column()));
+    scrollToTop();
   } else if (plain && event->key() == Qt::Key_End) {
     setCurrentIndex(model_->index(model_->rowCount() - 1, currentIndex().column()));
+    scrollToBottom();
   } else {
     QTableView::keyPressEvent(event);
   }
@@ -274,22 +341,30 @@ void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
   }
   menu_ = new QMenu(this);
   menu_->setAttribute(Qt::WA_DeleteOnClose);
-  const int col = currentIndex().column();
-  if (col >= 0) {
-    const QString heading = WithoutMnemonic(grid_->text(0, col)).trimmed();
-    auto* sort =
-        menu_->addAction(QStringLiteral("&Ordenar por %1").arg(heading), this, [this, col] {
-          if (grid_) header_->on_double_click(col);
-        });
-    sort->setShortcut(Qt::CTRL | Qt::Key_O);
-    menu_->addSeparator();
-  }
-  if (on_menu) on_menu(*menu_);
+  FillMenu(*menu_);
   const bool by_key = event->reason() == QContextMenuEvent::Keyboard;
   const QPoint foot = visualRect(currentIndex()).bottomLeft();
   if (menu_->isEmpty()) return delete menu_;
   // Without a loop of its own, in which this widget could end.
   menu_->popup(by_key ? viewport()->mapToGlobal(foot) : event->globalPos());
+}
+
+void GridWidget::FillMenu(QMenu& menu) {
+  const int col = currentIndex().column();
+  if (tape_ && col >= 0) {
+    auto* copy = menu.addAction(QStringLiteral("&Copiar filas"), this, [this] {
+      if (grid_) CopyRows();
+    });
+    copy->setShortcut(QKeySequence::Copy);
+  } else if (col >= 0) {
+    const QString heading = WithoutMnemonic(grid_->text(0, col)).trimmed();
+    auto* sort = menu.addAction(QStringLiteral("&Ordenar por %1").arg(heading), this, [this, col] {
+      if (grid_) header_->on_double_click(col);
+    });
+    sort->setShortcut(Qt::CTRL | Qt::Key_O);
+  }
+  menu.addSeparator();
+  if (on_menu) on_menu(menu);
 }
 
 bool GridWidget::viewportEvent(QEvent* event) {
@@ -319,6 +394,15 @@ void GridWidget::focusOutEvent(QFocusEvent* event) {
   QTableView::focusOutEvent(event);
   delegate_->set_current(currentIndex(), false);
   UpdateRow(currentIndex().row());
+}
+
+void GridWidget::paintEvent(QPaintEvent* event) {
+  QTableView::paintEvent(event);
+  if (empty_text_.isEmpty() || model_->rowCount() > 0) return;
+  QPainter painter(viewport());
+  painter.setFont(TextFont());
+  painter.setPen(tone::kMuted);
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, empty_text_);
 }
 
 void GridWidget::scrollContentsBy(int dx, int dy) {

@@ -28,6 +28,11 @@ class GridWidget : public QTableView {
   void Refresh();
   void Drop();
 
+  /// For rows that come in the order of time. Columns stay in their places; several rows can be
+  /// chosen, and Ctrl+C copies them, cells parted by TAB; while the user has scrolled away from the
+  /// end, his current row is left to him. `empty` stands where there are no rows.
+  void ReadAsTape(const QString& empty);
+
   /// Fills the menu that the right button and the menu key open.
   std::function<void(QMenu&)> on_menu;
 
@@ -42,6 +47,7 @@ class GridWidget : public QTableView {
   bool viewportEvent(QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void updateGeometries() override;
 
@@ -51,13 +57,19 @@ class GridWidget : public QTableView {
   void FollowWidths();
   void FollowCurrent();
   void FollowTopRow();
+  bool RunTapeKey(const QKeyEvent& event);
   bool RunCommandKey(const QKeyEvent& event);
   void PointAt(int row, int col);
   void MoveColumn(int from, int to);
   void Widen(int px);
+  void UserScrolled(int value);
+  void ScrollPage(QAbstractSlider::SliderAction step);
+  void CopyRows() const;
+  void FillMenu(QMenu& menu);
   void SetHover(int row);
   void UpdateRow(int row);
   [[nodiscard]] int LastShownRow() const;
+  [[nodiscard]] bool AtEnd() const;
 
   platform::Grid* grid_;
   std::unique_ptr<GridModel> model_;
@@ -66,6 +78,8 @@ class GridWidget : public QTableView {
   QPointer<QMenu> menu_;  // while it is open
   int hover_ = -1;
   int top_seen_ = 0;
+  bool tape_ = false;
+  QString empty_text_;
   bool widened_ = false;    // by a key that is still down
   bool following_ = false;  // the model moves the screen, not the user
 };

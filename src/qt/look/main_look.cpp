@@ -1,5 +1,7 @@
 #include "qt/look/main_look.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMainWindow>
@@ -11,11 +13,12 @@
 
 #include "qt/look/binders.h"
 #include "qt/look/desk_area.h"
-#include "qt/look/pictures.h"
+#include "qt/look/icons.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 #include "qt/look/ticker_widget.h"
+#include "qt/look/tool_bar_look.h"
 
 namespace qt {
 namespace {
@@ -29,30 +32,14 @@ void AddItems(QMenu& menu, const std::vector<platform::MenuItem>& items, QObject
     } else if (!item.items.empty()) {
       AddItems(*menu.addMenu(Text(item.caption)), item.items, context);
     } else {
-      QObject::connect(menu.addAction(Text(item.caption)), &QAction::triggered, context, [&item] {
+      QAction* action = menu.addAction(Text(item.caption));
+      action->setShortcut(QKeySequence(Text(item.key), QKeySequence::PortableText));
+      QObject::connect(action, &QAction::triggered, context, [&item] {
         if (item.action) item.action();
       });
     }
   }
 }
-
-/// A band of the window, with a line that parts it from the area in the middle.
-class Band : public QWidget {
- public:
-  Band(Qt::Edge edge, const QColor& ground, QWidget* parent)
-      : QWidget(parent), edge_(edge), ground_(ground) {}
-
- protected:
-  void paintEvent(QPaintEvent*) override {
-    QPainter painter(this);
-    painter.fillRect(rect(), ground_);
-    painter.fillRect(0, edge_ == Qt::TopEdge ? 0 : height() - 1, width(), 1, tone::kLine);
-  }
-
- private:
-  Qt::Edge edge_;
-  QColor ground_;
-};
 
 QWidget* MakeTape(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   auto* band = new Band(Qt::BottomEdge, tone::kGround, parent);
@@ -89,20 +76,29 @@ QWidget* MakeStatusTicker(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   return panel;
 }
 
+QPushButton* MakeStripButton(platform::Button& button, platform::Icon icon, Binders& binders,
+                             QWidget* parent) {
+  auto* widget = new QPushButton(IconFor(icon), {}, parent);
+  widget->setIconSize({18, 18});
+  widget->setAutoDefault(false);
+  binders.Bind(button, *widget);
+  return widget;
+}
+
 QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   auto* strip = new Band(Qt::TopEdge, tone::kWindow, parent);
   auto* light = new PictureWidget(strip);
   auto* count = new LabelWidget(strip);
-  auto* tape_on = new QCheckBox(strip);
-  auto* board = new QPushButton(BoardIcon(), {}, strip);
   count->setContentsMargins(9, 0, 9, 0);
   count->setMinimumHeight(24);
-  board->setIconSize({18, 18});
-  board->setAutoDefault(false);
   binders.Bind(mdi.Picture2, *light);
   binders.Bind(mdi.Label2, *count);
+  auto* board = MakeStripButton(mdi.Command3, platform::Icon::board, binders, strip);
+  auto* alarms = MakeStripButton(mdi.Command1, platform::Icon::alarms, binders, strip);
+  auto* refresh_on = new QCheckBox(strip);
+  auto* tape_on = new QCheckBox(strip);
+  binders.Bind(mdi.Check1, *refresh_on);
   binders.Bind(mdi.Check2, *tape_on);
-  binders.Bind(mdi.Command3, *board);
 
   auto* row = new QHBoxLayout(strip);
   row->setContentsMargins(8, 5, 12, 4);
@@ -110,7 +106,9 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   row->addWidget(light);
   row->addWidget(count, 0, Qt::AlignVCenter);
   row->addWidget(board);
+  row->addWidget(alarms);
   row->addWidget(MakeStatusTicker(mdi, binders, strip), 1);
+  row->addWidget(refresh_on);
   row->addWidget(tape_on);
   row->addSpacing(4);
   row->addWidget(MakeTimeLabel(mdi.LT, "00:00:00", binders, strip));
@@ -118,16 +116,23 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   return strip;
 }
 
-/// F6 goes from the inner windows to the strip and back.
-void JoinPaneKey(QMainWindow& window, QMdiArea& area, QWidget& strip, QObject* context) {
+/// F6 goes round from the inner windows to each of the `panes`, and back.
+void JoinPaneKey(QMainWindow& window, QMdiArea& area, const QList<QWidget*>& panes,
+                 QObject* context) {
   auto* key = new QShortcut(Qt::Key_F6, &window);
-  QObject::connect(key, &QShortcut::activated, context, [&area, &strip] {
-    QMdiSubWindow* inner = area.activeSubWindow();
-    if (strip.isAncestorOf(QApplication::focusWidget()) && inner && inner->widget()) {
-      inner->widget()->setFocus(Qt::ShortcutFocusReason);
-    } else if (auto* first = strip.findChild<QAbstractButton*>()) {
-      first->setFocus(Qt::ShortcutFocusReason);
+  QObject::connect(key, &QShortcut::activated, context, [&area, panes] {
+    const auto holds_focus = [](const QWidget* pane) {
+      return pane->isAncestorOf(QApplication::focusWidget());
+    };
+    const auto here = std::find_if(panes.begin(), panes.end(), holds_focus);
+    const auto next = here == panes.end() ? panes.begin() : here + 1;
+    if (next != panes.end()) {
+      if (auto* first = (*next)->findChild<QAbstractButton*>()) {
+        return first->setFocus(Qt::ShortcutFocusReason);
+      }
     }
+    QMdiSubWindow* inner = area.activeSubWindow();
+    if (inner && inner->widget()) inner->widget()->setFocus(Qt::ShortcutFocusReason);
   });
 }
 
@@ -146,12 +151,14 @@ Look MakeMainLook(shell::MDI& mdi, FrameClock& clock) {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   auto* area = new DeskArea(middle);
+  auto* tools = MakeToolBar(mdi.ActiveBar1, *binders, middle);
+  column->addWidget(tools);
   column->addWidget(MakeTape(mdi, *binders, middle));
   column->addWidget(area, 1);
   auto* strip = MakeStrip(mdi, *binders, middle);
   column->addWidget(strip);
   window->setCentralWidget(middle);
-  JoinPaneKey(*window, *area, *strip, binders->context());
+  JoinPaneKey(*window, *area, {strip, tools}, binders->context());
   return {.widget = window,
           .place = Place::main,
           .area = area,

@@ -8,18 +8,6 @@
 namespace qt {
 namespace {
 
-/// Runs `draw` on a square of 24 x 24 units laid into the middle of `rect`.
-template <typename Draw>
-void OnGrid24(QPainter& painter, const QRectF& rect, Draw draw) {
-  const double side = qMin(rect.width(), rect.height());
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(rect.center() - QPointF(side / 2, side / 2));
-  painter.scale(side / 24, side / 24);
-  draw(painter);
-  painter.restore();
-}
-
 void Light(QPainter& painter, const QColor& color) {
   QRadialGradient glow(12, 12, 11);
   QColor edge = color;
@@ -77,19 +65,6 @@ QIcon IconOf(Draw draw) {
   return icon;
 }
 
-void Table(QPainter& painter) {
-  painter.setPen(QPen(tone::kText, 1.6));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(3, 4, 18, 16), 2, 2);
-  painter.drawLine(QPointF(3, 9), QPointF(21, 9));
-  painter.setPen(QPen(tone::kGood, 2));
-  painter.drawLine(QPointF(6, 12.8), QPointF(11, 12.8));
-  painter.drawLine(QPointF(14, 12.8), QPointF(18, 12.8));
-  painter.setPen(QPen(tone::kBad, 2));
-  painter.drawLine(QPointF(6, 16.6), QPointF(11, 16.6));
-  painter.drawLine(QPointF(14, 16.6), QPointF(18, 16.6));
-}
-
 void Chevrons(QPainter& painter) {
   painter.setPen(QPen(tone::kText, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   for (const double left : {5.0, 12.0}) {
@@ -98,6 +73,16 @@ void Chevrons(QPainter& painter) {
 }
 
 }  // namespace
+
+void OnGrid24(QPainter& painter, const QRectF& rect, const std::function<void(QPainter&)>& draw) {
+  const double side = qMin(rect.width(), rect.height());
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(rect.center() - QPointF(side / 2, side / 2));
+  painter.scale(side / 24, side / 24);
+  draw(painter);
+  painter.restore();
+}
 
 void DrawPicture(QPainter& painter, const QRectF& rect, platform::Picture picture) {
   OnGrid24(painter, rect, [picture](QPainter& p) {
@@ -144,10 +129,6 @@ void DrawMark(QPainter& painter, const QRectF& rect) {
 
 QIcon ProgramIcon() {
   return IconOf([](QPainter& painter, const QRectF& rect) { DrawMark(painter, rect); });
-}
-
-QIcon BoardIcon() {
-  return IconOf([](QPainter& painter, const QRectF& rect) { OnGrid24(painter, rect, Table); });
 }
 
 QIcon MoreIcon() {

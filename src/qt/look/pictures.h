@@ -1,11 +1,16 @@
 #pragma once
 
+#include <functional>
+
 #include <QIcon>
 #include <QPainter>
 
 #include "platform/controls.h"
 
 namespace qt {
+
+/// Runs `draw` on a square of 24 x 24 units laid into the middle of `rect`.
+void OnGrid24(QPainter& painter, const QRectF& rect, const std::function<void(QPainter&)>& draw);
 
 /// Draws `picture` into `rect`, at any size.
 void DrawPicture(QPainter& painter, const QRectF& rect, platform::Picture picture);
@@ -14,8 +19,6 @@ void DrawPicture(QPainter& painter, const QRectF& rect, platform::Picture pictur
 void DrawMark(QPainter& painter, const QRectF& rect);
 
 [[nodiscard]] QIcon ProgramIcon();
-/// A small table, for the button that brings up the board.
-[[nodiscard]] QIcon BoardIcon();
 /// Two points to the right: there is more than fits.
 [[nodiscard]] QIcon MoreIcon();
 /// A letter in a disc, for message boxes.

@@ -1,9 +1,12 @@
 #include "qt/look/register.h"
 
 #include "feed/conecta.h"
+#include "qt/look/alarm_looks.h"
 #include "qt/look/board_look.h"
 #include "qt/look/login_look.h"
 #include "qt/look/main_look.h"
+#include "qt/look/tape_look.h"
+#include "qt/look/ticket_look.h"
 #include "shell/mdi.h"
 #include "views/continuo.h"
 
@@ -13,6 +16,11 @@ void RegisterLooks(Looks& looks) {
   looks.Add<shell::MDI>(MakeMainLook);
   looks.Add<feed::Conecta>(MakeLoginLook);
   looks.Add<views::Continuo>(MakeBoardLook);
+  looks.Add<views::Ticker2>(MakeTicketLook);
+  looks.Add<views::Form2>(MakeTapeLook);
+  looks.Add<alarms::APrecio>(MakeAlarmLook);
+  looks.Add<alarms::FormAlarm>(MakeDefinedAlarmsLook);
+  looks.Add<alarms::ListAlarm>(MakeFiredAlarmsLook);
 }
 
 }  // namespace qt

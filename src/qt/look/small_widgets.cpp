@@ -3,36 +3,82 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "qt/look/ink.h"
 #include "qt/look/pictures.h"
 #include "qt/look/theme.h"
 
 namespace qt {
 
-LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
+LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  laid_.setTextFormat(Qt::PlainText);
+}
 
-void LabelWidget::set_ground(const QColor& ground) {
-  if (ground == ground_) return;
+void LabelWidget::ShowText(const QString& text) {
+  if (text == this->text()) return;
+  setText(text);
+  update();  // Qt's own stops at the margins
+}
+
+void LabelWidget::set_colors(const QColor& ink, const QColor& ground) {
+  if (ink == ink_ && ground == ground_) return;
+  ink_ = ink;
   ground_ = ground;
   update();
 }
 
-void LabelWidget::paintEvent(QPaintEvent* event) {
-  if (ground_.alpha() > 0) {
-    QPainter painter(this);
+void LabelWidget::set_blank_mark(const QString& mark) {
+  blank_mark_ = mark;
+  update();
+}
+
+void LabelWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (ground_.isValid()) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground_);
-    painter.drawRoundedRect(rect(), 5, 5);
+    painter.drawRoundedRect(rect(), kRadius, kRadius);
   }
-  QLabel::paintEvent(event);
+  const bool blank = text().trimmed().isEmpty();
+  const QString shown = blank ? blank_mark_ : text();
+  if (shown.isEmpty()) return;
+  if (shown != laid_.text()) laid_.setText(shown);
+  laid_.prepare({}, font());
+  const QColor ground = ground_.isValid() ? ground_ : palette().color(QPalette::Window);
+  if (blank) {
+    painter.setPen(Mix(ground, ground.lightness() < 128 ? Qt::white : Qt::black, 0.3));
+    return DrawLaid(painter);
+  }
+  const QColor ink = ink_.isValid() ? ink_ : palette().color(foregroundRole());
+  DrawReadable(painter, ink, ground, [&] { DrawLaid(painter); });
+}
+
+// Narrower rather than cut: half a number is another number.
+void LabelWidget::DrawLaid(QPainter& painter) const {
+  const QRectF room = contentsRect();
+  const QSizeF size = laid_.size();
+  const double factor = size.width() > room.width() ? room.width() / size.width() : 1;
+  const QSizeF fitted = size * factor;
+  const Qt::Alignment align = blank_mark_ == laid_.text() ? Qt::AlignCenter : alignment();
+  double left = room.left();
+  if (align & Qt::AlignRight) left = room.right() - fitted.width();
+  if (align & Qt::AlignHCenter) left = room.center().x() - fitted.width() / 2;
+  painter.save();
+  painter.setFont(font());
+  painter.translate(left, room.center().y() - fitted.height() / 2);
+  painter.scale(factor, factor);
+  painter.drawStaticText(QPointF(), laid_);
+  painter.restore();
 }
 
 void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
-  if (on_click && rect().contains(event->position().toPoint())) on_click();
+  if (event->button() == Qt::LeftButton && on_click && rect().contains(event->position().toPoint()))
+    on_click();
 }
 
-void LabelWidget::mouseDoubleClickEvent(QMouseEvent*) {
-  if (on_double_click) on_double_click();
+void LabelWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && on_double_click) on_double_click();
 }
 
 PictureWidget::PictureWidget(QWidget* parent) : QAbstractButton(parent) {
@@ -55,6 +101,15 @@ void PictureWidget::paintEvent(QPaintEvent*) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
   }
   DrawPicture(painter, QRectF(rect()).adjusted(3, 3, -3, -3), picture_);
+}
+
+Band::Band(Qt::Edge line, const QColor& ground, QWidget* parent)
+    : QWidget(parent), line_(line), ground_(ground) {}
+
+void Band::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), ground_);
+  painter.fillRect(0, line_ == Qt::TopEdge ? 0 : height() - 1, width(), 1, tone::kLine);
 }
 
 QLabel* QuietLabel(const QString& text, const QFont& font, QWidget* parent) {

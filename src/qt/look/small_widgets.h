@@ -4,18 +4,24 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QStaticText>
 
 #include "platform/controls.h"
 
 namespace qt {
 
-/// A label that shows plain text on a rounded ground.
+/// A label that shows one line of plain text on a rounded ground, edged where its colour alone
+/// would not be read there, and narrower where it wouldn't fit.
 class LabelWidget : public QLabel {
  public:
   explicit LabelWidget(QWidget* parent = nullptr);
 
-  /// Transparent by default.
-  void set_ground(const QColor& ground);
+  /// As `setText`, after which the edge of the old text may be left standing.
+  void ShowText(const QString& text);
+  /// By default the ink of the palette on no ground.
+  void set_colors(const QColor& ink, const QColor& ground);
+  /// What stands, quietly, in the place of a text that is empty or all blanks. None by default.
+  void set_blank_mark(const QString& mark);
   std::function<void()> on_click, on_double_click;
 
  protected:
@@ -24,7 +30,13 @@ class LabelWidget : public QLabel {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  QColor ground_ = Qt::transparent;
+  static constexpr double kRadius = 5;
+
+  void DrawLaid(QPainter& painter) const;
+
+  QColor ink_, ground_;  // invalid: not set
+  QString blank_mark_;
+  QStaticText laid_;  // what was last drawn
 };
 
 /// A picture that works as a button.
@@ -41,6 +53,20 @@ class PictureWidget : public QAbstractButton {
 
  private:
   platform::Picture picture_ = platform::Picture::none;
+};
+
+/// A band across the window, with a line that parts it from the area in the middle.
+class Band : public QWidget {
+ public:
+  /// `line` is its upper or its lower edge.
+  Band(Qt::Edge line, const QColor& ground, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Qt::Edge line_;
+  QColor ground_;
 };
 
 /// A text of ours in a quiet colour.

@@ -34,6 +34,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
                          focus ? tone::kAccent : tone::kLine);
     case PE_IndicatorCheckBox:
       return DrawCheckMark(*option, *painter);
+    case PE_IndicatorRadioButton:
+      return DrawRadioMark(*option, *painter);
     case PE_FrameFocusRect:
       return DrawRounded(*painter, option->rect, Qt::transparent, tone::kAccent);
     case PE_PanelTipLabel:
@@ -254,6 +256,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
       return 3;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
       return 17;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:

@@ -5,9 +5,9 @@
 
 namespace qt {
 
-/// Flat dark controls over Qt's Fusion: buttons, fields, check boxes, menus, scroll bars and the
-/// title bars of inner windows. Colours come from the theme; a control with the keyboard focus
-/// wears a ring.
+/// Flat dark controls over Qt's Fusion: buttons, fields, check and option boxes, menus, scroll bars
+/// and the title bars of inner windows. Colours come from the theme; a control with the keyboard
+/// focus wears a ring.
 class Style : public QProxyStyle {
  public:
   Style();

@@ -65,6 +65,20 @@ void DrawCheckMark(const QStyleOption& option, QPainter& painter) {
   painter.restore();
 }
 
+void DrawRadioMark(const QStyleOption& option, QPainter& painter) {
+  const bool on = option.state.testFlag(QStyle::State_On);
+  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+  const bool lit = option.state & (QStyle::State_HasFocus | QStyle::State_MouseOver);
+  const QColor ink = enabled ? tone::kAccent : tone::kLine;
+  const QRectF disc(option.rect);
+  DrawRounded(painter, disc, tone::kRaised,
+              on || (lit && enabled) ? ink : Mix(tone::kLine, tone::kMuted, enabled ? 0.4 : 0),
+              disc.width() / 2);
+  if (!on) return;
+  const double inset = disc.width() * 0.26;
+  DrawRounded(painter, disc.adjusted(inset, inset, -inset, -inset), ink, ink, disc.width() / 2);
+}
+
 void DrawTitleSign(QPainter& painter, QStyle::SubControl control, const QRectF& rect) {
   const QPointF c = rect.center();
   constexpr double kHalf = 4.5;

@@ -13,6 +13,7 @@ void DrawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, cons
 [[nodiscard]] bool IsDefaultButton(const QStyleOption& option);
 void DrawButtonPanel(const QStyleOption& option, QPainter& painter);
 void DrawCheckMark(const QStyleOption& option, QPainter& painter);
+void DrawRadioMark(const QStyleOption& option, QPainter& painter);
 /// The sign of a title bar's button in the middle of `rect`, with the pen of the painter.
 void DrawTitleSign(QPainter& painter, QStyle::SubControl control, const QRectF& rect);
 void DrawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter);

@@ -23,6 +23,7 @@ inline constexpr QColor kOnAccent{0x04, 0x22, 0x1e};
 inline constexpr QColor kGood{0x3d, 0xd6, 0x8c};
 inline constexpr QColor kBusy{0x5a, 0xb2, 0xff};
 inline constexpr QColor kBad{0xff, 0x5c, 0x5c};
+inline constexpr QColor kAlert{0xff, 0xc0, 0x4d};  // bells
 }  // namespace tone
 
 /// Style, palette, fonts and icon of the whole program. Call it before the first window.

@@ -28,6 +28,7 @@ struct Look {
   QMdiArea* area = nullptr;  // of the main window: where the child windows go
   std::function<QWidget*(platform::Control&)> widget_of{};  // nullptr for a control without widget
   std::shared_ptr<void> bond{};
+  bool apart = false;  // a child that comes up where it covers no other such, if there is room
 };
 
 /// The looks by type of window. A window of an unknown type isn't shown.

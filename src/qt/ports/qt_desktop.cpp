@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <QApplication>
+
 #include "platform/window_list.h"
 
 namespace qt {
@@ -47,7 +49,11 @@ void QtDesktop::Shown(platform::Window& window) {
   if (WindowFrame* frame = Make(window)) frame->Show(MainWidget());
 }
 
-void QtDesktop::Raised(platform::Window& window) { Shown(window); }
+void QtDesktop::Raised(platform::Window& window) {
+  if (WindowFrame* frame = Make(window)) frame->ShowQuietly(MainWidget());
+  // What locks the others must not get lost behind one of them.
+  if (QWidget* box = QApplication::activeModalWidget()) box->raise();
+}
 
 void QtDesktop::Hidden(platform::Window& window) {
   if (WindowFrame* frame = FrameOf(window)) frame->Hide();

@@ -4,9 +4,13 @@
 #include <utility>
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace qt {
 namespace {
@@ -14,6 +18,8 @@ namespace {
 constexpr int kMostCharacters = 2000;
 constexpr int kMostLines = 30;
 constexpr int kLongWord = 60;
+constexpr int kWidestPrompt = 560, kFieldWidth = 320, kControlHeight = 34;
+constexpr const char* kTitle = "Cotirama Brizna 4.1";
 constexpr QChar kBreakHere(0x200B);
 constexpr QChar kEllipsis(0x2026);
 
@@ -32,12 +38,17 @@ QWidget* WindowBelow() {
   return nullptr;
 }
 
-/// The role of the answer; closing the box is the last one.
-QMessageBox::ButtonRole Run(QMessageBox::Icon icon, std::string_view text,
-                            std::initializer_list<Answer> answers) {
-  // Its parent may be closed, and it with its parent, while it waits.
-  const QPointer<QMessageBox> box = new QMessageBox(WindowBelow());
-  box->setWindowTitle(QStringLiteral("Cotirama Brizna 4.1"));
+constexpr int kTitleButtons = 130;  // what a window manager may put beside the title
+
+/// Wide enough for its title, whatever it holds.
+int LeastWidth(const QWidget& box) {
+  return box.fontMetrics().horizontalAdvance(box.windowTitle()) + kTitleButtons;
+}
+
+QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text,
+                     std::initializer_list<Answer> answers) {
+  auto* box = new QMessageBox(WindowBelow());
+  box->setWindowTitle(QString::fromUtf8(kTitle));
   box->setIcon(icon);
   box->setTextFormat(Qt::PlainText);
   box->setText(BoxText(text));
@@ -46,27 +57,87 @@ QMessageBox::ButtonRole Run(QMessageBox::Icon icon, std::string_view text,
     if (!box->defaultButton()) box->setDefaultButton(button);
     box->setEscapeButton(button);
   }
-  box->exec();
-  if (!box) return QMessageBox::NoRole;
-  const QMessageBox::ButtonRole chosen = box->buttonRole(box->clickedButton());
-  delete box;
-  return chosen;
+  if (auto* grid = qobject_cast<QGridLayout*>(box->layout())) {
+    // It keeps to the size that its layout asks for.
+    grid->addItem(new QSpacerItem(LeastWidth(*box), 0), grid->rowCount(), 0, 1,
+                  grid->columnCount());
+  }
+  return box;
+}
+
+QDialog* MakeInputBox(std::string_view text) {
+  auto* box = new QDialog(WindowBelow());
+  box->setWindowTitle(QString::fromUtf8(kTitle));
+  auto* prompt = new QLabel(BoxText(text), box);
+  prompt->setTextFormat(Qt::PlainText);
+  prompt->setWordWrap(prompt->sizeHint().width() > kWidestPrompt);
+  auto* field = new QLineEdit(box);
+  field->setAccessibleName(prompt->text());
+  field->setMinimumSize(kFieldWidth, kControlHeight);
+  field->setTextMargins(6, 0, 6, 0);
+  auto* buttons = new QDialogButtonBox(box);
+  auto* accept = buttons->addButton(QStringLiteral("&Aceptar"), QDialogButtonBox::AcceptRole);
+  buttons->addButton(QStringLiteral("&Cancelar"), QDialogButtonBox::RejectRole);
+  accept->setDefault(true);
+  QObject::connect(buttons, &QDialogButtonBox::accepted, box, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, box, &QDialog::reject);
+
+  auto* column = new QVBoxLayout(box);
+  column->setContentsMargins(20, 20, 20, 16);
+  column->setSpacing(14);
+  for (QWidget* widget : std::initializer_list<QWidget*>{prompt, field, buttons}) {
+    column->addWidget(widget);
+  }
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  field->setFocus();
+  return box;
 }
 
 }  // namespace
 
+bool QtDialogs::Run(const QPointer<QDialog>& box) {
+  open_.push_back(box);
+  box->exec();
+  open_.pop_back();
+  return box;
+}
+
 void QtDialogs::Message(std::string_view text) {
-  Run(QMessageBox::Information, text, {{"&Aceptar", QMessageBox::AcceptRole}});
+  if (dismissed_) return;
+  const QPointer<QDialog> box =
+      MakeBox(QMessageBox::Information, text, {{"&Aceptar", QMessageBox::AcceptRole}});
+  if (Run(box)) delete box;
 }
 
 bool QtDialogs::Ask(std::string_view text) {
-  return Run(QMessageBox::Question, text,
-             {{"&Sí", QMessageBox::YesRole}, {"&No", QMessageBox::NoRole}}) == QMessageBox::YesRole;
+  if (dismissed_) return false;
+  QMessageBox* question = MakeBox(QMessageBox::Question, text,
+                                  {{"&Sí", QMessageBox::YesRole}, {"&No", QMessageBox::NoRole}});
+  const QPointer<QDialog> box = question;
+  if (!Run(box)) return false;
+  const bool yes = question->buttonRole(question->clickedButton()) == QMessageBox::YesRole;
+  delete box;
+  return yes;
 }
 
-std::string QtDialogs::Input(std::string_view) { return {}; }
+std::string QtDialogs::Input(std::string_view text) {
+  if (dismissed_) return {};
+  const QPointer<QDialog> box = MakeInputBox(text);
+  if (!Run(box)) return {};
+  std::string typed;
+  if (box->result() == QDialog::Accepted) {
+    typed = box->findChild<QLineEdit*>()->text().toStdString();
+  }
+  delete box;
+  return typed;
+}
 
-void QtDialogs::Dismiss() {}
+void QtDialogs::Dismiss() {
+  dismissed_ = true;
+  for (const QPointer<QDialog>& box : open_) {
+    if (box) box->done(QDialog::Rejected);
+  }
+}
 
 QString BoxText(std::string_view text) {
   QString plain = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

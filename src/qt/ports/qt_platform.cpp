@@ -1,5 +1,6 @@
 #include "qt/ports/qt_platform.h"
 
+#include <ctime>
 #include <utility>
 
 #include "qt/ports/qt_timer.h"
@@ -19,6 +20,18 @@ std::unique_ptr<platform::TimerPort> QtPlatform::MakeTimer(std::function<void()>
 
 void QtPlatform::Post(std::function<void()> task) {
   QMetaObject::invokeMethod(&posted_, std::move(task), Qt::QueuedConnection);
+}
+
+platform::LocalTime QtPlatform::local_time() const {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  localtime_r(&now, &parts);
+  return {.year = parts.tm_year + 1900,
+          .month = parts.tm_mon + 1,
+          .day = parts.tm_mday,
+          .hour = parts.tm_hour,
+          .minute = parts.tm_min,
+          .second = parts.tm_sec};
 }
 
 }  // namespace qt

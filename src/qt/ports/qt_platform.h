@@ -23,6 +23,7 @@ class QtPlatform : public platform::Platform {
       platform::Socket::Events events) override;
   [[nodiscard]] std::unique_ptr<platform::TimerPort> MakeTimer(std::function<void()> tick) override;
   void Post(std::function<void()> task) override;
+  [[nodiscard]] platform::LocalTime local_time() const override;
   [[nodiscard]] QtDesktop& desktop() override { return desktop_; }
   [[nodiscard]] QtDialogs& dialogs() override { return dialogs_; }
   [[nodiscard]] QtClipboard& clipboard() override { return clipboard_; }

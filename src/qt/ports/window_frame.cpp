@@ -1,7 +1,10 @@
 #include "qt/ports/window_frame.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
+#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScreen>
@@ -37,6 +40,54 @@ QRect Inside(const QRect& area, const QRect& rect) {
   return inside;
 }
 
+// The property of the frames of windows that stand apart from one another.
+constexpr char kApart[] = "apart";
+
+QList<QRect> PlacesOfOthersApart(const QMdiArea& area, const QWidget& own) {
+  QList<QRect> places;
+  for (const QMdiSubWindow* other : area.subWindowList()) {
+    if (other != &own && other->isVisible() && other->property(kApart).toBool()) {
+      places << other->geometry();
+    }
+  }
+  return places;
+}
+
+/// Where a window of `size` covers as little as can be of the others that stand apart: from the
+/// upper right corner of the area downwards, then to the left.
+QPoint PlaceApart(const QMdiArea& area, const QWidget& own, const QSize& size) {
+  constexpr int kGap = 6, kStep = 28;
+  const QList<QRect> others = PlacesOfOthersApart(area, own);
+  const QSize room = area.viewport()->size() - size;
+  const auto covered = [&](const QPoint& at) {
+    qint64 dots = 0;
+    for (const QRect& other : others) {
+      const QRect both = other & QRect(at, size);
+      dots += both.isEmpty() ? 0 : qint64{both.width()} * both.height();
+    }
+    return dots;
+  };
+  QPoint best;
+  qint64 least = std::numeric_limits<qint64>::max();
+  for (int left = room.width() - kGap; left >= 0; left -= size.width() + kGap) {
+    for (int top = kGap; top < room.height() + size.height(); top += size.height() + kGap) {
+      const QPoint place(left, std::min(top, std::max(room.height(), 0)));
+      if (const qint64 dots = covered(place); dots < least) {
+        least = dots;
+        best = place;
+      }
+    }
+  }
+  if (least < qint64{size.width()} * size.height() / 2) return best;
+  const int aside = kStep * static_cast<int>(others.size());
+  return {room.width() - aside % std::max(room.width(), 1), aside % std::max(room.height(), 1)};
+}
+
+bool AsksToClose(const QKeyEvent& key, Place place) {
+  if (place == Place::dialog) return key.matches(QKeySequence::Cancel);
+  return place == Place::child && key.keyCombination() == (Qt::CTRL | Qt::Key_F4);
+}
+
 bool HasSize(const platform::Rect& rect) { return rect.width > 0 && rect.height > 0; }
 
 }  // namespace
@@ -51,6 +102,8 @@ WindowFrame::WindowFrame(platform::Window& window, Look look, FrameClock& clock,
   if (look_.place == Place::child && area) {
     area_ = area;
     auto* frame = new QMdiSubWindow;
+    frame->setProperty(kApart, look_.apart);
+    frame->setWindowFlag(Qt::WindowStaysOnTopHint, look_.apart);
     frame->setWidget(look_.widget);
     area->addSubWindow(frame);
     frame->hide();
@@ -78,6 +131,26 @@ WindowFrame::~WindowFrame() {
 
 void WindowFrame::Show(const QWidget* over) {
   if (!outer_) return;
+  MakeVisible(over);
+  Activate();
+  Report();
+}
+
+void WindowFrame::ShowQuietly(const QWidget* over) {
+  if (!outer_) return;
+  const QPointer<QMdiSubWindow> active = area_ ? area_->activeSubWindow() : nullptr;
+  const QPointer<QWidget> focus = QApplication::focusWidget();
+  outer_->setAttribute(Qt::WA_ShowWithoutActivating);
+  MakeVisible(over);
+  outer_->setAttribute(Qt::WA_ShowWithoutActivating, false);
+  outer_->raise();
+  // An area gives the keyboard to whatever comes up in it.
+  if (active) area_->setActiveSubWindow(active);
+  if (focus) focus->setFocus(Qt::OtherFocusReason);
+  Report();
+}
+
+void WindowFrame::MakeVisible(const QWidget* over) {
   const bool placed = HasSize(window_.rect()) || outer_->testAttribute(Qt::WA_Moved);
   const State state = window_.state() == State::maximized ? State::maximized : State::normal;
   showing_ = true;
@@ -87,8 +160,6 @@ void WindowFrame::Show(const QWidget* over) {
   outer_->setWindowState((outer_->windowState() & Qt::WindowActive) | FlagOf(state));
   outer_->show();
   showing_ = false;
-  Activate();
-  Report();
 }
 
 // Neither a design nor a file knows how much room there is.
@@ -96,7 +167,9 @@ void WindowFrame::FitIntoArea() {
   if (fitted_ || !area_ || !area_->isVisible()) return;
   fitted_ = true;
   const QRect wanted = ToPixels(window_.rect());
-  const QRect inside = Inside(area_->viewport()->rect(), wanted);
+  QRect inside = wanted;
+  if (look_.apart) inside.moveTopLeft(PlaceApart(*area_, *outer_, wanted.size()));
+  inside = Inside(area_->viewport()->rect(), inside);
   if (HasSize(window_.rect()) && inside != wanted) window_.set_rect(ToTwips(inside));
 }
 
@@ -156,7 +229,12 @@ void WindowFrame::Apply() {
 }
 
 void WindowFrame::ApplyPlace(const platform::Rect& rect) {
-  const QRect wanted = ToPixels(rect);
+  QRect wanted = ToPixels(rect);
+  // One that grows stays in sight.
+  if (look_.apart && area_ && wanted.height() > outer_->height()) {
+    const int over = wanted.bottom() - area_->viewport()->rect().bottom();
+    wanted.translate(0, -std::clamp(over, 0, std::max(wanted.top(), 0)));
+  }
   // Around a window of its own stands what the window manager adds.
   const QSize added = outer_->frameGeometry().size() - outer_->size();
   if (area_) {
@@ -184,8 +262,7 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
       window_.UserClose();  // may end this object
       return true;
     case QEvent::KeyPress:
-      if (look_.place != Place::dialog || watched != outer_) break;
-      if (!static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) break;
+      if (watched != outer_ || !AsksToClose(*static_cast<QKeyEvent*>(event), look_.place)) break;
       window_.UserClose();
       return true;
     case QEvent::Show:
@@ -200,7 +277,10 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
       Report();
       break;
     case QEvent::WindowActivate:
-      if (watched == outer_ && on_activated) on_activated();
+      if (watched != outer_) break;
+      // Not every window manager lifts what it gives the keyboard to.
+      if (look_.place == Place::dialog) Raise();
+      if (on_activated) on_activated();
       break;
     default:
       break;

@@ -26,6 +26,8 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   /// Another that has no place yet comes up in the middle of `over`, or of the screen where that is
   /// nullptr.
   void Show(const QWidget* over);
+  /// As `Show`, but the keyboard stays where it is.
+  void ShowQuietly(const QWidget* over);
   void Hide();
   void Focus(platform::Control& control);
   /// On top of the others as it is, without the keyboard.
@@ -45,6 +47,7 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   void Apply();
   void ApplyPlace(const platform::Rect& rect);
   void FitIntoArea();
+  void MakeVisible(const QWidget* over);
   void Centre(const QWidget* over);
   void Report();
   void Activate();

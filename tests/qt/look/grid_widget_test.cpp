@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QAccessibleTableInterface>
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -268,6 +269,79 @@ TEST_F(GridWidgetTest, TheTopRowOfTheModelIsKeptUntilTheUserScrolls) {
   EXPECT_EQ(grid.top_row(), kRows) << "though so high it can't be scrolled";
   view.verticalScrollBar()->setValue(70);
   EXPECT_EQ(grid.top_row(), 71);
+}
+
+/// A grid whose rows come in the order of time, in a view that shows more than 40 of them.
+class TapeTest : public GridWidgetTest {
+ protected:
+  TapeTest() {
+    view.ReadAsTape("none yet");
+    view.resize(600, 1400);
+    Frame();
+    bar = view.verticalScrollBar();
+  }
+  /// As the tape does: the new row is the current one, and is followed near the end.
+  void Append(int times = 1) {
+    for (int i = 0; i < times; ++i) {
+      const int row = grid.AddRow();
+      grid.set_text(row, 0, "name " + std::to_string(row));
+      grid.set_row(row);
+      if (grid.top_row() > grid.rows() - 40) grid.set_top_row(row);
+    }
+    Frame();
+  }
+
+  QScrollBar* bar;
+};
+
+TEST_F(TapeTest, ScrolledToItsEndFollowsAndAnywhereElseStays) {
+  const auto at_end = [this] { return bar->value() == bar->maximum(); };
+  ASSERT_GT(view.rowAt(view.viewport()->height() - 1) - view.rowAt(0), 40);
+  bar->setValue(bar->maximum());
+  EXPECT_EQ(grid.top_row(), grid.rows() - 1);
+  Append(3);
+  EXPECT_TRUE(at_end());
+  view.resize(600, 500);
+  Frame();
+  EXPECT_TRUE(at_end()) << "the top row is scrolled as high as it can be";
+  view.resize(600, 1400);
+  Frame();
+  Append();
+  EXPECT_TRUE(at_end());
+
+  Key(Qt::Key_PageUp);
+  const int left = bar->value();
+  EXPECT_EQ(grid.top_row(), left + 1);
+  const int mine = view.currentIndex().row();
+  Append(50);
+  EXPECT_EQ(bar->value(), left);
+  EXPECT_EQ(view.currentIndex().row(), mine) << "the reader's row stays his";
+  Key(Qt::Key_End);
+  EXPECT_TRUE(at_end());
+  Append();
+  EXPECT_TRUE(at_end());
+  EXPECT_EQ(view.currentIndex().row() + 1, grid.row());
+}
+
+TEST_F(TapeTest, CopiesTheChosenRowsOrElseTheCurrentOne) {
+  Append();
+  Key(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "name 2001\t\t\t\t\n");
+  grid.set_text(4, 4, "C");
+  auto* chosen = view.selectionModel();
+  constexpr auto kRow = QItemSelectionModel::Select | QItemSelectionModel::Rows;
+  chosen->select(view.model()->index(4, 0), kRow);
+  chosen->select(view.model()->index(3, 0), kRow);
+  Append();
+  Key(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "name 4\t\t\t\tC\nname 5\t\t\t\t\n");
+}
+
+TEST_F(TapeTest, ItsColumnsStayInTheirPlaces) {
+  view.setCurrentIndex(view.model()->index(0, 2));
+  Key(Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_FALSE(view.horizontalHeader()->sectionsMovable());
+  EXPECT_EQ(Headings(), "H0H1H2H3H4");
 }
 
 TEST_F(GridWidgetTest, ReadsOutCellsAndHeadings) {

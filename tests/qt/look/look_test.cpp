@@ -16,8 +16,13 @@
 #include "qt/look/main_look.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
+#include "qt/look/tool_bar_look.h"
 #include "shell/terminal.h"
 #include "support/memory_platform.h"
+
+// Qt's own way to let tests press a key on a window, shortcuts included.
+void qt_handleKeyEvent(QWindow* window, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+                       const QString& text, bool repeat, unsigned short count);
 
 namespace {
 
@@ -71,8 +76,18 @@ TEST_F(LookTest, EveryControlHasItsNameForThoseWhoCannotSeeIt) {
   EXPECT_EQ(NamesBelow(*login.widget).join('|'), "Conectar|IP|LOGIN|PASSWORD|_");
   EXPECT_EQ(NamesBelow(*board.widget).join('|'),
             "Copiar|Cotirama Mercado Continuo|Grabar|Imprimir");
-  EXPECT_EQ(NamesBelow(*main.widget).join('|'),
-            "Bytes transferidos: 0|Muestra el Mercado Continuo|Ticker");
+  QStringList names = NamesBelow(*main.widget);
+  for (const char* strip : {"Bytes transferidos: 0", "Muestra el Mercado Continuo",
+                            "Lista de alarmas", "Refresh", "Ticker"}) {
+    EXPECT_TRUE(names.removeOne(QString::fromLatin1(strip))) << strip;
+  }
+  EXPECT_EQ(names.count(QString()), 0);
+  QStringList tips;
+  for (const platform::Tool& tool : terminal.MDI.ActiveBar1.tools) {
+    if (tool.number != 0) tips << qt::Text(tool.tip);
+  }
+  tips.sort();
+  EXPECT_EQ(names, tips);
   auto& time = WidgetOf<QWidget>(main, terminal.MDI.LT);
   EXPECT_EQ(time.accessibleName(), "Hora de sesión") << "while it shows nothing";
   terminal.MDI.LT.set_caption("10:00:00");
@@ -97,6 +112,42 @@ TEST_F(LookTest, WhatTheUserDoesReachesTheModelAtOnceAndRunsItsHook) {
   auto* menu = static_cast<QMainWindow*>(main.widget)->menuBar();
   menu->actions().value(0)->menu()->actions().value(0)->trigger();
   EXPECT_TRUE(terminal.Continuo.visible());
+}
+
+TEST_F(LookTest, AToolTellsItsNumberAndItsTip) {
+  platform::ToolBar bar;
+  QList<int> numbers;
+  bar.on_click = [&numbers](const platform::Tool& tool) { numbers << tool.number; };
+  bar.tools = {{24, "Mercado Continuo", platform::Icon::board},
+               {},
+               {30, "Alarma <b>por</b> Precio", platform::Icon::price_alarm}};
+  QWidget host;
+  qt::Binders binders(host, clock);
+  QWidget* row = qt::MakeToolBar(bar, binders, &host);
+  EXPECT_EQ(NamesBelow(*row).join('|'), "Alarma <b>por</b> Precio|Mercado Continuo");
+  for (auto* button : row->findChildren<QAbstractButton*>()) button->click();
+  EXPECT_EQ(numbers, (QList<int>{24, 30}));
+}
+
+TEST_F(LookTest, AcceleratorsWorkWhileAnInnerWindowHasTheKeyboard) {
+  int runs = 0;
+  shell::MDI mdi(platform);
+  mdi.menu = {{"&Uno", {}, {{"&Dos", [&runs] { ++runs; }, {}, "Ctrl+Shift+7"}}}};
+  qt::Look look = qt::MakeMainLook(mdi, clock);
+  auto* field = new QLineEdit;
+  look.area->addSubWindow(field);
+  look.widget->show();
+  field->show();
+  look.widget->activateWindow();
+  field->setFocus();
+  ASSERT_TRUE(support::WaitFor([&] { return field->hasFocus(); }));
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    qt_handleKeyEvent(look.widget->windowHandle(), type, Qt::Key_7,
+                      Qt::ControlModifier | Qt::ShiftModifier, QString(), false, 1);
+  }
+  EXPECT_TRUE(support::WaitFor([&] { return runs == 1; }));
+  look.bond.reset();
+  delete look.widget;
 }
 
 TEST_F(LookTest, AWindowFollowsItsModelsOnlyWhileItCanBeSeen) {

@@ -38,6 +38,19 @@ struct Login : TestWindow {
   using TestWindow::TestWindow;
 };
 
+class Dialog : public QDialog {
+ public:
+  explicit Dialog(bool& shown_quietly) : shown_quietly_(shown_quietly) {}
+
+ protected:
+  void showEvent(QShowEvent*) override {
+    shown_quietly_ = testAttribute(Qt::WA_ShowWithoutActivating);
+  }
+
+ private:
+  bool& shown_quietly_;
+};
+
 class QtDesktopTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -60,8 +73,8 @@ class QtDesktopTest : public testing::Test {
                           },
                       .bond = bond};
     });
-    looks.Add<Login>([](Login&, qt::FrameClock&) {
-      return qt::Look{.widget = new QDialog, .place = qt::Place::dialog};
+    looks.Add<Login>([this](Login&, qt::FrameClock&) {
+      return qt::Look{.widget = new Dialog(shown_quietly), .place = qt::Place::dialog};
     });
     main.Load();
   }
@@ -73,6 +86,7 @@ class QtDesktopTest : public testing::Test {
   }
 
   int made = 0;
+  bool shown_quietly = false;
   std::shared_ptr<void> bond = std::make_shared<int>(0);
   qt::Looks looks;
   qt::QtPlatform platform{looks};
@@ -215,6 +229,33 @@ TEST_F(QtDesktopTest, FocusGoesToTheWidgetOfTheControl) {
             platform.desktop().FrameOf(child)->look().widget);
   platform::TextBox other;
   child.SetFocus(other);
+}
+
+TEST_F(QtDesktopTest, ARaisedWindowComesUpWithoutTheKeyboard) {
+  main.Show();
+  child.Show();
+  child.SetFocus(child.field);
+  ASSERT_TRUE(support::WaitFor([] { return QApplication::focusWidget() != nullptr; }));
+  QWidget* const focus = QApplication::focusWidget();
+  Child other(platform);
+  other.Raise();
+  support::Settle();
+  EXPECT_TRUE(OuterOf(other)->isVisible());
+  EXPECT_EQ(QApplication::focusWidget(), focus);
+
+  // This screen activates whatever it shows, so what counts is what it was asked for.
+  login.Raise();
+  EXPECT_TRUE(OuterOf(login)->isVisible());
+  EXPECT_TRUE(shown_quietly);
+  login.Hide();
+  login.Show();
+  EXPECT_FALSE(shown_quietly);
+  child.SetFocus(child.field);
+  main.Show();
+  ASSERT_TRUE(support::WaitFor([&] { return QApplication::focusWidget() == focus; }));
+  login.Raise();
+  support::Settle();
+  EXPECT_EQ(QApplication::focusWidget(), focus) << "as it was up already";
 }
 
 TEST_F(QtDesktopTest, MainWindowMayGoBeforeItsChildren) {

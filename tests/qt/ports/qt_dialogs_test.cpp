@@ -4,16 +4,19 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 
 namespace {
 
-/// Calls `act` with the next message box that opens.
-template <typename Act>
+/// Calls `act` with the next box that opens.
+template <typename Box = QMessageBox, typename Act>
 void WhenOpen(Act act) {
   QTimer::singleShot(0, QApplication::instance(), [act] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
     ASSERT_NE(box, nullptr);
     act(*box);
   });
@@ -44,6 +47,44 @@ TEST(QtDialogs, BoxOutlivesTheWindowBelowIt) {
   window->show();
   WhenOpen([window](QMessageBox&) { delete window; });
   EXPECT_FALSE(qt::QtDialogs().Ask("¿Sí?"));
+}
+
+TEST(QtDialogs, ALineIsTypedAndTakenOrGivenUp) {
+  qt::QtDialogs dialogs;
+  const auto type_and_press = [](int key) {
+    WhenOpen<QDialog>([key](QDialog& box) {
+      auto* field = box.findChild<QLineEdit*>();
+      EXPECT_EQ(field->accessibleName(), QStringLiteral("¿<b>Qué</b>?"));
+      EXPECT_EQ(box.focusWidget(), field);
+      EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+      field->insert(QStringLiteral("tef ñ"));
+      QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+      QApplication::sendEvent(field, &press);
+    });
+  };
+  type_and_press(Qt::Key_Return);
+  EXPECT_EQ(dialogs.Input("¿<b>Qué</b>?"), "tef ñ");
+  type_and_press(Qt::Key_Escape);
+  EXPECT_EQ(dialogs.Input("¿<b>Qué</b>?"), "");
+}
+
+TEST(QtDialogs, TheEndOfTheProgramClosesEveryBoxAsGivenUp) {
+  qt::QtDialogs dialogs;
+  bool answer = true;
+  WhenOpen<QDialog>([&](QDialog& box) {
+    box.findChild<QLineEdit*>()->setText(QStringLiteral("a medias"));
+    WhenOpen([&](QMessageBox&) {
+      WhenOpen([&](QMessageBox&) { dialogs.Dismiss(); });
+      dialogs.Message("tres");
+    });
+    answer = dialogs.Ask("¿dos?");
+  });
+  EXPECT_EQ(dialogs.Input("uno"), "");
+  EXPECT_FALSE(answer);
+  // One that opened now would never be answered.
+  dialogs.Message("tarde");
+  EXPECT_FALSE(dialogs.Ask("¿tarde?"));
+  EXPECT_EQ(dialogs.Input("tarde"), "");
 }
 
 TEST(BoxText, NoTextMakesABoxThatNoScreenHolds) {

@@ -1,0 +1,149 @@
+#include "qt/look/icons.h"
+
+#include <QIconEngine>
+#include <QPainterPath>
+
+#include "qt/look/pictures.h"
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+using platform::Icon;
+
+QPen Line(const QColor& color, double width = 1.7) {
+  return {color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+void Table(QPainter& painter) {
+  painter.setPen(QPen(tone::kText, 1.6));
+  painter.drawRoundedRect(QRectF(3, 4, 18, 16), 2, 2);
+  painter.drawLine(QPointF(3, 9), QPointF(21, 9));
+  painter.setPen(QPen(tone::kGood, 2));
+  painter.drawLine(QPointF(6, 12.8), QPointF(11, 12.8));
+  painter.drawLine(QPointF(14, 12.8), QPointF(18, 12.8));
+  painter.setPen(QPen(tone::kBad, 2));
+  painter.drawLine(QPointF(6, 16.6), QPointF(11, 16.6));
+  painter.drawLine(QPointF(14, 16.6), QPointF(18, 16.6));
+}
+
+/// A bell on a square of `side` units at `corner`.
+void Bell(QPainter& painter, QPointF corner, double side) {
+  painter.save();
+  painter.translate(corner);
+  painter.scale(side / 24, side / 24);
+  QPainterPath body(QPointF(3.5, 18));
+  body.cubicTo(7, 15.5, 5.5, 12.5, 6, 9.5);
+  body.cubicTo(6.6, 6, 9, 4.2, 12, 4.2);
+  body.cubicTo(15, 4.2, 17.4, 6, 18, 9.5);
+  body.cubicTo(18.5, 12.5, 17, 15.5, 20.5, 18);
+  body.closeSubpath();
+  painter.setPen(Line(tone::kAlert, 1.4));
+  painter.setBrush(tone::kAlert);
+  painter.drawPath(body);
+  painter.drawEllipse(QPointF(12, 3.3), 1.1, 1.1);
+  painter.setPen(Line(tone::kAlert, 2.2));
+  painter.drawLine(QPointF(10.4, 21), QPointF(13.6, 21));
+  painter.restore();
+}
+
+void RingingBell(QPainter& painter) {
+  Bell(painter, {2.5, 2.5}, 19);
+  painter.setPen(Line(tone::kText, 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawArc(QRectF(0.9, 4, 8, 8), 120 * 16, 80 * 16);
+  painter.drawArc(QRectF(15.1, 4, 8, 8), -20 * 16, 80 * 16);
+}
+
+/// A bell in the upper left, and what it watches below on the right.
+void PriceAlarm(QPainter& painter) {
+  Bell(painter, {0, -0.5}, 15);
+  painter.setPen(Line(tone::kGood, 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawPolyline(QPolygonF({{4, 21.5}, {10.5, 16.5}, {14, 19}, {21.5, 9.5}}));
+  painter.drawPolyline(QPolygonF({{16.8, 9}, {21.8, 9}, {21.8, 14}}));
+}
+
+void VolumeAlarm(QPainter& painter) {
+  Bell(painter, {0, -0.5}, 15);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(tone::kBusy);
+  painter.drawRoundedRect(QRectF(8, 17.5, 3.6, 5), 0.8, 0.8);
+  painter.drawRoundedRect(QRectF(13.2, 13, 3.6, 9.5), 0.8, 0.8);
+  painter.drawRoundedRect(QRectF(18.4, 7.5, 3.6, 15), 0.8, 0.8);
+}
+
+/// Shares go one way and money the other.
+void Trades(QPainter& painter) {
+  painter.setPen(Line(tone::kGood, 2.2));
+  painter.drawLine(QPointF(4, 8), QPointF(19.5, 8));
+  painter.drawPolyline(QPolygonF({{15.5, 3.8}, {20, 8}, {15.5, 12.2}}));
+  painter.setPen(Line(tone::kBad, 2.2));
+  painter.drawLine(QPointF(4.5, 16.5), QPointF(20, 16.5));
+  painter.drawPolyline(QPolygonF({{8.5, 12.3}, {4, 16.5}, {8.5, 20.7}}));
+}
+
+/// What an option earns: nothing up to its price, from there on all.
+void Option(QPainter& painter) {
+  painter.setPen(Line(tone::kMuted, 1.6));
+  painter.drawPolyline(QPolygonF({{3.5, 3}, {3.5, 20.5}, {21, 20.5}}));
+  painter.setPen(Line(tone::kAccent, 2.4));
+  painter.drawPolyline(QPolygonF({{6, 16}, {12.5, 16}, {20, 5.5}}));
+}
+
+void Clock(QPainter& painter) {
+  painter.setPen(Line(tone::kText, 1.7));
+  painter.drawEllipse(QPointF(12, 12), 9, 9);
+  painter.setPen(Line(tone::kBusy, 2));
+  painter.drawPolyline(QPolygonF({{12, 6.6}, {12, 12}, {15.8, 14.4}}));
+}
+
+class DrawnIcon : public QIconEngine {
+ public:
+  explicit DrawnIcon(Icon icon) : icon_(icon) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+    DrawIcon(*painter, rect, icon_);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    DrawIcon(painter, QRect({}, size), icon_);
+    return pixmap;
+  }
+  [[nodiscard]] QIconEngine* clone() const override { return new DrawnIcon(icon_); }
+
+ private:
+  Icon icon_;
+};
+
+}  // namespace
+
+void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
+  OnGrid24(painter, rect, [icon](QPainter& p) {
+    p.setBrush(Qt::NoBrush);
+    switch (icon) {
+      case Icon::board:
+        return Table(p);
+      case Icon::price_alarm:
+        return PriceAlarm(p);
+      case Icon::volume_alarm:
+        return VolumeAlarm(p);
+      case Icon::alarms:
+        return RingingBell(p);
+      case Icon::trades:
+        return Trades(p);
+      case Icon::options:
+        return Option(p);
+      case Icon::period:
+        return Clock(p);
+      case Icon::none:
+        return;
+    }
+  });
+}
+
+QIcon IconFor(Icon icon) { return QIcon(new DrawnIcon(icon)); }
+
+}  // namespace qt

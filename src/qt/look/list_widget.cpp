@@ -1,0 +1,178 @@
+#include "qt/look/list_widget.h"
+
+#include <QFontDatabase>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolTip>
+
+#include "qt/look/text.h"
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+constexpr int kMargin = 8, kRowHeight = 26;
+
+/// Never wider than the list, which so needs no look at the lines out of sight.
+class LineDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    const bool lit = option.state.testFlag(QStyle::State_Selected);
+    if (lit) {
+      const double share = option.state.testFlag(QStyle::State_Active) ? 0.42 : 0.28;
+      painter->fillRect(option.rect, Mix(tone::kGround, tone::kAccent, share));
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus)) {
+      painter->setPen(tone::kAccent);
+      painter->setBrush(Qt::NoBrush);
+      painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+    const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+    painter->setFont(option.font);
+    painter->setPen(lit ? Qt::white : tone::kText);
+    painter->drawText(
+        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width()));
+  }
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
+    return {0, kRowHeight};
+  }
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const QString line = index.data().toString();
+    if (event->type() != QEvent::ToolTip ||
+        view->fontMetrics().horizontalAdvance(line) <= option.rect.width() - 2 * kMargin) {
+      return false;
+    }
+    QToolTip::showText(event->globalPos(), ToolTipText(line.toStdString()), view);
+    return true;
+  }
+};
+
+}  // namespace
+
+class ListWidget::Lines : public QAbstractListModel {
+ public:
+  explicit Lines(const platform::ListBox& list) : list_(&list) {}
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : shown_;
+  }
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (role != Qt::DisplayRole || !list_ || row >= list_->items().size()) return {};
+    return Text(list_->items()[row]);
+  }
+  void Refresh() { Show(static_cast<int>(list_->items().size())); }
+  void Drop() {
+    list_ = nullptr;
+    Show(0);
+  }
+
+ private:
+  void Show(int count) {
+    const int kept = qMin(count, shown_);
+    if (count > shown_) {
+      beginInsertRows({}, shown_, count - 1);
+      shown_ = count;
+      endInsertRows();
+    } else if (count < shown_) {
+      beginRemoveRows({}, count, shown_ - 1);
+      shown_ = count;
+      endRemoveRows();
+    }
+    if (kept > 0) Q_EMIT dataChanged(index(0), index(kept - 1));
+  }
+
+  const platform::ListBox* list_;
+  int shown_ = 0;
+};
+
+ListWidget::ListWidget(platform::ListBox& list, QWidget* parent)
+    : QListView(parent), list_(&list), lines_(std::make_unique<Lines>(list)) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(10);
+  setFont(font);
+  setItemDelegate(new LineDelegate(this));
+  setModel(lines_.get());
+  setUniformItemSizes(true);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+  setVerticalScrollMode(ScrollPerPixel);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QPalette colors = palette();
+  colors.setColor(QPalette::Base, tone::kGround);
+  setPalette(colors);
+}
+
+ListWidget::~ListWidget() { setModel(nullptr); }
+
+void ListWidget::set_empty_text(const QString& text) {
+  empty_text_ = text;
+  viewport()->update();
+}
+
+void ListWidget::Refresh() {
+  if (!list_) return;
+  refreshing_ = true;
+  const bool at_end = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+  const int before = lines_->rowCount();
+  lines_->Refresh();
+  const int row = list_->list_index();
+  if (row < 0) {
+    clearSelection();
+  } else {
+    selectionModel()->setCurrentIndex(lines_->index(row), QItemSelectionModel::ClearAndSelect);
+  }
+  refreshing_ = false;
+  if (follows_end_ && at_end && lines_->rowCount() > before) scrollToBottom();
+}
+
+void ListWidget::Drop() {
+  list_ = nullptr;
+  refreshing_ = true;
+  lines_->Drop();
+}
+
+void ListWidget::selectionChanged(const QItemSelection& selected,
+                                  const QItemSelection& deselected) {
+  QListView::selectionChanged(selected, deselected);
+  if (refreshing_ || !list_ || selected.isEmpty()) return;
+  list_->Click(selected.indexes().constFirst().row());
+}
+
+// A chosen line can't be given up, only changed for another.
+QItemSelectionModel::SelectionFlags ListWidget::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent*) const {
+  return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+void ListWidget::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex line = indexAt(event->position().toPoint());
+  const bool again = event->button() == Qt::LeftButton && selectionModel()->isSelected(line);
+  QListView::mousePressEvent(event);
+  if (again && list_) list_->Click(line.row());
+}
+
+void ListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  QListView::mouseDoubleClickEvent(event);
+  const bool on_line = indexAt(event->position().toPoint()).isValid();
+  if (list_ && on_line && event->button() == Qt::LeftButton) list_->DoubleClick();
+}
+
+void ListWidget::paintEvent(QPaintEvent* event) {
+  QListView::paintEvent(event);
+  if (lines_->rowCount() > 0 || empty_text_.isEmpty()) return;
+  QPainter painter(viewport());
+  painter.setFont(TextFont());
+  painter.setPen(tone::kMuted);
+  painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
+}
+
+}  // namespace qt

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+
+#include <QListView>
+
+#include "platform/controls.h"
+
+namespace qt {
+
+/// The lines of a list box, drawn from the model itself. Lines that are too long end in an ellipsis
+/// and are told whole by their tool tip. Until `Drop` the model must live.
+class ListWidget : public QListView {
+ public:
+  explicit ListWidget(platform::ListBox& list, QWidget* parent = nullptr);
+  ~ListWidget() override;
+
+  /// A quiet text for when there is no line.
+  void set_empty_text(const QString& text);
+  /// Whether new lines come into sight, as long as the last one was.
+  void set_follows_end(bool follows) { follows_end_ = follows; }
+
+  /// Brings lines and choice up to the model.
+  void Refresh();
+  /// The model goes away.
+  void Drop();
+
+  [[nodiscard]] QSize sizeHint() const override { return {560, 260}; }
+
+ protected:
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+      const QModelIndex& index, const QEvent* event) const override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  class Lines;
+
+  platform::ListBox* list_;
+  std::unique_ptr<Lines> lines_;
+  QString empty_text_;
+  bool follows_end_ = false, refreshing_ = false;
+};
+
+}  // namespace qt

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QWidget>
+
+#include "platform/menu.h"
+#include "qt/look/binders.h"
+
+namespace qt {
+
+/// A slim row with a button for each tool. The tools stand as they are now; `bar` outlives the
+/// bond. Without a tool it takes no room.
+[[nodiscard]] QWidget* MakeToolBar(platform::ToolBar& bar, Binders& binders, QWidget* parent);
+
+}  // namespace qt

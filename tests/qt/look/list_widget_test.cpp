@@ -1,0 +1,115 @@
+#include "qt/look/list_widget.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include "qt/look/binders.h"
+
+namespace {
+
+class ListWidgetTest : public testing::Test {
+ protected:
+  ListWidgetTest() {
+    host.resize(400, 200);
+    widget->resize(400, 200);
+    list.on_click = [this] { clicks << list.list_index(); };
+    list.on_double_click = [this] { ++double_clicks; };
+    binders.Bind(list, *widget);
+    host.show();
+    Add(3);
+  }
+  void Add(int lines) {
+    for (int i = 0; i < lines; ++i) list.AddItem("línea " + std::to_string(list.items().size()));
+    widget->Refresh();
+  }
+  void Press(int key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(widget, &press);
+  }
+  void Mouse(QEvent::Type type, QPointF at) {
+    QMouseEvent event(type, at, widget->viewport()->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(widget->viewport(), &event);
+  }
+  void ClickOn(int row) {
+    const QPointF at = widget->visualRect(widget->model()->index(row, 0)).center();
+    Mouse(QEvent::MouseButtonPress, at);
+    Mouse(QEvent::MouseButtonRelease, at);
+  }
+  [[nodiscard]] QList<int> Selected() const {
+    QList<int> rows;
+    for (const QModelIndex& index : widget->selectionModel()->selectedIndexes()) {
+      rows << index.row();
+    }
+    return rows;
+  }
+
+  platform::ListBox list;
+  QWidget host;
+  qt::ListWidget* widget = new qt::ListWidget(list, &host);
+  qt::FrameClock clock;
+  qt::Binders binders{host, clock};
+  QList<int> clicks;
+  int double_clicks = 0;
+};
+
+TEST_F(ListWidgetTest, EachChoiceByMouseOrKeyboardIsAClick) {
+  widget->setFocus();
+  EXPECT_TRUE(clicks.isEmpty()) << "to come by isn't to choose";
+  ClickOn(1);
+  ClickOn(1);
+  Press(Qt::Key_Down);
+  Press(Qt::Key_Down);
+  Press(Qt::Key_Home);
+  EXPECT_EQ(clicks, (QList<int>{1, 1, 2, 0}));
+  Mouse(QEvent::MouseButtonPress, {5, 190});
+  EXPECT_EQ(Selected(), QList<int>{0}) << "below the last line stands nothing to choose";
+  EXPECT_EQ(double_clicks, 0);
+  ClickOn(2);
+  Mouse(QEvent::MouseButtonDblClick, widget->visualRect(widget->model()->index(2, 0)).center());
+  EXPECT_EQ(double_clicks, 1);
+}
+
+TEST_F(ListWidgetTest, NewLinesAreAddedBelowAndTheChoiceStays) {
+  ClickOn(1);
+  int added = 0, resets = 0;
+  QObject::connect(
+      widget->model(), &QAbstractItemModel::rowsInserted, widget,
+      [&added](const QModelIndex&, int first, int last) { added += last - first + 1; });
+  QObject::connect(widget->model(), &QAbstractItemModel::modelReset, widget,
+                   [&resets] { ++resets; });
+  Add(500);
+  EXPECT_EQ(added, 500);
+  EXPECT_EQ(resets, 0);
+  EXPECT_EQ(Selected(), QList<int>{1});
+  EXPECT_EQ(clicks, QList<int>{1});
+  EXPECT_EQ(widget->model()->index(502, 0).data().toString(), QStringLiteral("línea 502"));
+
+  list.Clear();
+  list.AddItem("<b>otra</b>");
+  EXPECT_TRUE(widget->model()->index(400, 0).data().isNull()) << "gone before the next frame";
+  widget->Refresh();
+  EXPECT_EQ(widget->model()->rowCount(), 1);
+  EXPECT_EQ(widget->model()->index(0, 0).data().toString(), QStringLiteral("<b>otra</b>"));
+  EXPECT_TRUE(Selected().isEmpty());
+  list.set_list_index(0);
+  widget->Refresh();
+  EXPECT_EQ(Selected(), QList<int>{0});
+  EXPECT_EQ(clicks, QList<int>{1}) << "the program's choice is no click";
+}
+
+TEST_F(ListWidgetTest, FollowsItsEndOnlyWhileTheReaderIsThere) {
+  widget->set_follows_end(true);
+  Add(100);
+  const QScrollBar& bar = *widget->verticalScrollBar();
+  EXPECT_EQ(bar.value(), bar.maximum());
+  EXPECT_GT(bar.maximum(), 0);
+  widget->verticalScrollBar()->setValue(30);
+  Add(100);
+  EXPECT_EQ(bar.value(), 30);
+}
+
+}  // namespace
