@@ -45,14 +45,16 @@ Desk::~Desk() { platform_.desktop().Clear(); }
 
 void Desk::ShowBoard() {
   constexpr QSize kUsual(1280, 800);
-  const qt::QtDesktop& desktop = platform_.desktop();
-  desktop.FrameOf(terminal.MDI)->outer()->resize(kUsual);
+  platform_.desktop().FrameOf(terminal.MDI)->outer()->resize(kUsual);
   terminal.Continuo.Show();
   terminal.Continuo.set_state(platform::Window::State::maximized);
-  QWidget* grid = desktop.FrameOf(terminal.Continuo)->look().widget_of(terminal.Continuo.G);
-  if (auto* area = qobject_cast<QAbstractScrollArea*>(grid)) {
-    area->viewport()->installEventFilter(this);
-  }
+  Watch(terminal.Continuo, terminal.Continuo.G);
+}
+
+void Desk::Watch(const platform::Window& window, platform::Control& control) {
+  QWidget* widget = platform_.desktop().FrameOf(window)->look().widget_of(control);
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) widget = area->viewport();
+  if (widget != nullptr) widget->installEventFilter(this);
 }
 
 void Desk::LogIn() {

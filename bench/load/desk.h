@@ -16,14 +16,16 @@ bool RunUntil(double seconds, const std::function<bool()>& done);
 void RunFor(double seconds);
 
 /// The whole program on a screen as the user has it, in a directory of its own; every server that
-/// it calls is found at `port` of this machine. Counts the paints of the board.
+/// it calls is found at `port` of this machine. Counts the paints of what it is told to watch.
 class Desk : public QObject {
  public:
   explicit Desk(quint16 port);
   ~Desk() override;
 
-  /// The board fills a main window of usual size.
+  /// The board fills a main window of usual size. Its paints count.
   void ShowBoard();
+  /// From now on the paints of a shown window's control count.
+  void Watch(const platform::Window& window, platform::Control& control);
   void LogIn();
   /// Records that have been applied, masters and quotes.
   [[nodiscard]] int records() const { return terminal.Conecta.decoder().ContadorRecords(); }

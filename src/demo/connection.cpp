@@ -17,7 +17,7 @@ constexpr std::size_t kMastersPerStep = 6 * Batches::kMostRecords;
 constexpr std::size_t kMostBooks = 5000;
 constexpr std::size_t kBooksPerStep = 80;  // one message of usual length
 constexpr std::size_t kLongestMessage = 200;
-constexpr std::size_t kPendingForMasters = 256 * 1024;  // more than this waits: records wait too
+constexpr std::size_t kMostAhead = 256 * 1024;  // more than this waits: what was asked for does too
 
 }  // namespace
 
@@ -62,7 +62,11 @@ void Connection::Load() {
   if (!Spend(kLoadCost)) return;
   const SessionClock& clock = market_.clock();
   SendShort(wire::Clock(clock.time(), clock.date()));
-  if (!following_) SendShort(bulletins::Greeting());
+  if (!following_) {
+    // Unasked: a terminal that comes back doesn't ask, but renews its books when it hears this.
+    SendShort("0003");
+    SendShort(bulletins::Greeting());
+  }
   following_ = true;
   for (std::size_t slot = 0; slot < market_.listed(); ++slot) {
     if (market_.HasMaster(slot)) Queue(slot);
@@ -77,12 +81,13 @@ void Connection::AnswerMaster(std::string_view code) {
 void Connection::AnswerBook(std::string_view code) {
   const auto slot = market_.Find(base::Trim(code));
   if (!slot || !market_.Book(*slot)) return;
-  const auto known = std::find_if(books_.begin(), books_.end(),
-                                  [&](const Subscription& book) { return book.slot == *slot; });
-  if (known != books_.end()) {
-    known->sent = false;
+  if (book_places_.size() <= *slot) book_places_.resize(market_.instruments().size());
+  std::size_t& place = book_places_[*slot];
+  if (place != 0) {
+    books_[place - 1].sent = false;
   } else if (books_.size() < kMostBooks) {
     books_.push_back({*slot, 0});
+    place = books_.size();
   }
 }
 
@@ -128,7 +133,7 @@ void Connection::Step(const Events& events, std::string_view clock, std::string_
 }
 
 void Connection::SendMasters() {
-  if (queue_.empty() || output_.size() > kPendingForMasters) return;
+  if (queue_.empty() || output_.size() > kMostAhead) return;
   Batches batches(Batches::Kind::kInstruments);
   told_.resize(market_.instruments().size());
   for (std::size_t n = 0; n < kMastersPerStep && !queue_.empty(); ++n, queue_.pop_front()) {
@@ -159,6 +164,7 @@ void Connection::SendOptions(const Events& events) {
 }
 
 void Connection::SendBooks() {
+  if (output_.size() > kMostAhead) return;
   Batches batches(Batches::Kind::kBooks);
   std::size_t sent = 0;
   for (std::size_t n = 0; n < books_.size() && sent < kBooksPerStep; ++n) {

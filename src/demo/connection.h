@@ -16,8 +16,8 @@ namespace demo {
 
 /// The server's side of one terminal: who it is, what it has been told and what it asked for. The
 /// market and the packer outlive it. Any bytes may come: unknown messages are ignored, unterminated
-/// text past 64 KiB is dropped, requests are answered at a bounded rate, and while 8 MiB wait to be
-/// sent nothing is added.
+/// text past 64 KiB is dropped, requests are answered at a bounded rate, records and books wait
+/// while 256 KiB are still to be sent, and what moves is left out while 8 MiB are.
 class Connection {
  public:
   static constexpr std::size_t kMostUnfinished = 64 * 1024;
@@ -67,6 +67,7 @@ class Connection {
   std::deque<std::size_t> queue_;    // records to send
   std::vector<bool> queued_, told_;  // by slot: stands in queue_; has been sent
   std::vector<Subscription> books_;
+  std::vector<std::size_t> book_places_;  // by slot: place in books_ from 1 on, 0 for none
   std::size_t next_book_ = 0;
 };
 

@@ -12,10 +12,10 @@ namespace demo {
 /// One trade as the tape tells it.
 struct TradeEvent {
   Code code;
-  bool bought;
-  int time;  // HHMMSS
+  char side;  // 'C' the buyer took what was offered, 'V' the seller; else neither
+  int time;   // HHMMSS
   std::int32_t shares;
-  int buyer, seller;  // member numbers, 101 to 999
+  int buyer, seller;  // member numbers, 101 to 999 in a trade that counts
   float price;
 };
 

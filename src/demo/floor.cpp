@@ -9,19 +9,14 @@ int Direction(const Instrument& state) {
   return (state.last > state.previous) - (state.last < state.previous);
 }
 
-// A few members do most of the business.
-int Member(Random& random) {
-  const int rank = std::min(random.Below(70), random.Below(70));
-  return 101 + rank * 37 % 898;
-}
-
 }  // namespace
 
 Floor::Floor(std::vector<Instrument>& instruments, std::uint32_t seed, bool tell_trades)
     : instruments_(instruments),
       random_(seed, 1),
       option_random_(seed, 2),
-      member_random_(seed, 3),
+      stray_random_(seed, 8),
+      clerk_(seed),
       tell_trades_(tell_trades) {}
 
 void Floor::AddShare(Share share, std::vector<std::size_t> baskets) {
@@ -70,6 +65,11 @@ void Floor::TradeOne(int now, Events& events) {
   if (StateOf(shares_[share]).is_open()) Execute(share, now, events);
 }
 
+void Floor::TellStray(Events& events) {
+  const Instrument& state = StateOf(shares_[wheel_[stray_random_.Place(wheel_.size())]]);
+  if (tell_trades_ && state.is_open()) clerk_.TellStray(state, events.trades);
+}
+
 void Floor::StirOne() {
   Share& share = shares_[Draw()];
   share.Stir(StateOf(share), random_);
@@ -88,6 +88,7 @@ void Floor::Record(std::size_t number, const Execution& trade, int now, Events& 
   Instrument& state = StateOf(share);
   const std::int64_t price_before = state.last;
   const int direction_before = Direction(state);
+  const int last_told = state.is_open() ? state.time : TapeClerk::kNever;
   if (!state.is_open()) events.opened.push_back(share.slot());
   state.Trade(trade.price, trade.shares, now);
 
@@ -98,22 +99,11 @@ void Floor::Record(std::size_t number, const Execution& trade, int now, Events& 
       baskets_[basket].Move((trade.price - price_before) * share.capital());
     }
   }
-  Tell(state, trade, events);
+  events.quotes.push_back(QuoteOf(state));
+  if (tell_trades_) clerk_.Tell(state, trade, last_told, events.trades);
   if (const OptionSeries* series = places_[number].options.get()) {
     if (option_random_.OneIn(3)) QuoteOption(*series, trade.price, now, events);
   }
-}
-
-void Floor::Tell(const Instrument& state, const Execution& trade, Events& events) {
-  events.quotes.push_back(QuoteOf(state));
-  if (!tell_trades_) return;
-  events.trades.push_back({.code = state.code,
-                           .bought = trade.bought,
-                           .time = state.time,
-                           .shares = trade.shares,
-                           .buyer = Member(member_random_),
-                           .seller = Member(member_random_),
-                           .price = events.quotes.back().last});
 }
 
 void Floor::QuoteOption(const OptionSeries& series, std::int64_t price, int now, Events& events) {

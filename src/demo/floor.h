@@ -14,6 +14,7 @@
 #include "demo/random.h"
 #include "demo/share.h"
 #include "demo/statistics.h"
+#include "demo/tape_clerk.h"
 
 namespace demo {
 
@@ -37,6 +38,8 @@ class Floor {
   void OpenAll(int now);
   /// One trade in a share drawn by its activity; none when that share hasn't opened.
   void TradeOne(int now, Events& events);
+  /// Puts a record on the tape that is no trade.
+  void TellStray(Events& events);
   void StirOne();
   /// The general mood moves on by a second, or jumps.
   void MoveMarket() { market_.Step(random_); }
@@ -59,11 +62,11 @@ class Floor {
   [[nodiscard]] std::size_t Draw() { return wheel_[random_.Place(wheel_.size())]; }
   void Execute(std::size_t share, int now, Events& events);
   void Record(std::size_t share, const Execution& trade, int now, Events& events);
-  void Tell(const Instrument& state, const Execution& trade, Events& events);
   void QuoteOption(const OptionSeries& series, std::int64_t price, int now, Events& events);
 
   std::vector<Instrument>& instruments_;
-  Random random_, option_random_, member_random_;
+  Random random_, option_random_, stray_random_;
+  TapeClerk clerk_;
   bool tell_trades_;
   Wander market_{200, 4000};  // in millionths of yesterday's close
   std::vector<Share> shares_;

@@ -13,6 +13,7 @@ constexpr int kAuctionSeconds = 45;
 constexpr int kAfterClose = 120;  // for how many seconds indices still settle
 constexpr std::size_t kBlueChips = 35, kSmallCaps = 40;
 constexpr int kStirsPerStep = 2;
+constexpr int kSecondsBetweenStrays = 15;
 
 std::int64_t Capital(const catalogue::Share& share) {
   return std::int64_t{share.price} * share.capital;
@@ -86,17 +87,16 @@ void Market::AddIndices() {
 
 void Market::AddShares(int extra) {
   const std::vector<std::size_t> ranks = Ranks();
+  first_share_ = instruments_.size();
   for (const catalogue::Share& share : catalogue::Shares()) {
     const std::size_t slot = Add({share.code, share.name, 100, share.price});
-    shares_.emplace(slot, floor_.shares().size());
     const std::size_t rank = ranks[floor_.shares().size()];
     floor_.AddShare(Share(slot, share.price, share.capital, share.activity),
                     BasketsOf(share, rank));
   }
   for (const catalogue::NumberedShare& share : catalogue::NumberedShares(extra)) {
-    const int price = random_.Between(100, 9000);
+    const auto price = static_cast<int>(StepDown(random_.Between(100, 9000)));
     const std::size_t slot = Add({share.code, share.name, 100, price});
-    shares_.emplace(slot, floor_.shares().size());
     floor_.AddShare(Share(slot, price, 0, 2), {});
   }
 }
@@ -161,6 +161,9 @@ void Market::Second(Events& events) {
   if (clock_.second() == SessionClock::kClose && options_.quotes_per_second > 0) {
     floor_.Schedule(0, kAuctionSeconds * kStepsPerSecond / 3);
   }
+  if (options_.quotes_per_second > 0 && clock_.is_open() && random_.OneIn(kSecondsBetweenStrays)) {
+    floor_.TellStray(events);
+  }
   bulletins::Announce(clock_, instruments_[floor_.baskets().front().slot()], options_.notices,
                       events.bulletins);
 }
@@ -176,19 +179,21 @@ std::optional<std::size_t> Market::Find(std::string_view code) const {
   return found->second;
 }
 
+const Share* Market::ShareAt(std::size_t slot) const {
+  const std::size_t number = slot - first_share_;
+  return slot >= first_share_ && number < floor_.shares().size() ? &floor_.shares()[number]
+                                                                 : nullptr;
+}
+
 std::optional<OrderBook> Market::Book(std::size_t slot) const {
-  if (const auto share = shares_.find(slot); share != shares_.end()) {
-    return floor_.shares()[share->second].book();
-  }
+  if (const Share* share = ShareAt(slot)) return share->book();
   if (ticks_[slot] == 0) return std::nullopt;
   return OrderBook::OfTicks(instruments_[slot].last, ticks_[slot], instruments_[slot].changes);
 }
 
 std::uint32_t Market::BookVersion(std::size_t slot) const {
-  if (const auto share = shares_.find(slot); share != shares_.end()) {
-    return floor_.shares()[share->second].book_version();
-  }
-  return instruments_[slot].changes;
+  const Share* share = ShareAt(slot);
+  return share != nullptr ? share->book_version() : instruments_[slot].changes;
 }
 
 std::vector<std::size_t> Market::OpenOptions(std::string_view code, bool calls) {

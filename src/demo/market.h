@@ -54,6 +54,7 @@ class Market {
   void AddIndices();
   void AddFollowers();
   void AddStatistics();
+  [[nodiscard]] const Share* ShareAt(std::size_t slot) const;
   void StartDay();
   void Second(Events& events);
 
@@ -61,8 +62,9 @@ class Market {
   SessionClock clock_;
   std::vector<Instrument> instruments_;
   std::vector<int> ticks_;  // beside it: distance of book levels, 0 for none of its own
-  std::unordered_map<std::string, std::size_t> slots_;   // by trimmed code
-  std::unordered_map<std::size_t, std::size_t> shares_;  // number on the floor, by slot
+  std::unordered_map<std::string, std::size_t> slots_;  // by trimmed code
+  std::size_t first_share_ =
+      0;  // the slots of the shares stand in a row, in the order of the floor
   Floor floor_;
   Board board_;
   Pace pace_;

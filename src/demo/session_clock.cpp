@@ -30,10 +30,6 @@ void SessionClock::NextDay() {
   day_ += weekday(day_) == std::chrono::Friday ? days(3) : days(1);
 }
 
-int SessionClock::time() const {
-  return second_ / 3600 * 10000 + second_ / 60 % 60 * 100 + second_ % 60;
-}
-
 int SessionClock::date() const {
   const std::chrono::year_month_day date(day_);
   return (static_cast<int>(date.year()) - 1900) * 10000 +

@@ -4,6 +4,14 @@
 
 namespace demo {
 
+/// Second of the day as the number HHMMSS, and back.
+[[nodiscard]] constexpr int TimeOf(int second) {
+  return second / 3600 * 10000 + second / 60 % 60 * 100 + second % 60;
+}
+[[nodiscard]] constexpr int SecondOf(int time) {
+  return time / 10000 * 3600 + time / 100 % 100 * 60 + time % 100;
+}
+
 /// Time of the market's day, in steps of 20 ms. Seconds count from midnight. The first day is a
 /// Wednesday in May 2000; some minutes after the close the clock goes on shortly before the next
 /// weekday's opening. Terminals take no records dated later than the end of 2019.
@@ -27,7 +35,7 @@ class SessionClock {
   [[nodiscard]] int second() const { return second_; }
   [[nodiscard]] bool is_open() const { return second_ >= kOpening && second_ < kClose; }
   /// The time as the number HHMMSS.
-  [[nodiscard]] int time() const;
+  [[nodiscard]] int time() const { return TimeOf(second_); }
   /// The date as a number with the years from 1900: 1000517.
   [[nodiscard]] int date() const;
 

@@ -30,7 +30,7 @@ void Share::StartDay(const Instrument& state, Random& random) {
 }
 
 Execution Share::Open(const Instrument& state, int market, Random& random) {
-  const std::int64_t price = std::max<std::int64_t>(1, Fair(state, market));
+  const std::int64_t price = std::max<std::int64_t>(1, StepDown(Fair(state, market)));
   const OrderBook::Grain grain = Grain(price);
   book_.Centre(price, grain, random);
   ++book_version_;
@@ -39,6 +39,7 @@ Execution Share::Open(const Instrument& state, int market, Random& random) {
 
 Execution Share::Trade(const Instrument& state, int market, Random& random) {
   own_.Step(random);
+  if (!book_.has_bids() && !book_.has_asks()) book_.Centre(state.last, Grain(state.last), random);
   const bool buys = WantsToBuy(state, market, random);
   const OrderBook::Level level = buys ? book_.asks().front() : book_.bids().front();
   const OrderBook::Grain grain = Grain(level.price);
@@ -65,11 +66,13 @@ std::int64_t Share::Fair(const Instrument& state, int market) const {
 }
 
 bool Share::WantsToBuy(const Instrument& state, int market, Random& random) const {
-  if (book_.bids().front().price <= 0) return true;
+  if (!book_.has_bids()) return true;
+  if (!book_.has_asks()) return false;
   const std::int64_t moved = Millionths(state.last - state.previous, state.previous);
   if (moved < -kMostMove) return true;
   if (moved > kMostMove) return false;
-  const std::int64_t steps = (Fair(state, market) - state.last) / Grain(state.last).gap;
+  const std::int64_t gap = Grain(state.last).gap * PriceStep(state.last);
+  const std::int64_t steps = (Fair(state, market) - state.last) / gap;
   const int pull = static_cast<int>(std::clamp<std::int64_t>(steps * 55, -330, 330));
   return random.Below(1000) < 500 + pull;
 }
@@ -77,9 +80,12 @@ bool Share::WantsToBuy(const Instrument& state, int market, Random& random) cons
 OrderBook::Grain Share::Grain(std::int64_t price) const {
   // A level of the book holds up to some 8,000 to 90,000 euros, in cents here.
   const std::int64_t money = 800'000 + std::int64_t{activity_} * 200'000;
-  return {.gap = static_cast<int>(1 + price / 1500),
+  return {.gap = static_cast<int>(std::max<std::int64_t>(1, (1 + price / 1500) / PriceStep(price))),
           .volume = static_cast<int>(
-              std::clamp<std::int64_t>(money / std::max<std::int64_t>(price, 1), 10, 120'000))};
+              std::clamp<std::int64_t>(money / std::max<std::int64_t>(price, 1), 10, 120'000)),
+          .depth = activity_ > 7   ? 5
+                   : activity_ > 3 ? 4
+                                   : 3};
 }
 
 }  // namespace demo

@@ -30,7 +30,7 @@ std::string Clock(int time, int date) {
 }
 
 void AppendTrade(std::string& out, const TradeEvent& trade) {
-  out += trade.bought ? 'C' : 'V';
+  out += trade.side;
   out += ' ';
   out += trade.code.bytes().substr(0, 5);
   AppendField(out, static_cast<float>(trade.time));

@@ -104,8 +104,8 @@ void PlainTerminal::Take(const std::string& message) {
   const std::string mark = message.substr(0, 3);
   if (message.find("Pag") != std::string::npos) {
     faults.push_back("looks like a page");
-  } else if (message == "0000" || mark == "Msg" || message.starts_with("Not:") ||
-             base::Mid(message, 4, 3) == "ALE") {
+  } else if (message == "0000" || message == "0003" || mark == "Msg" ||
+             message.starts_with("Not:") || base::Mid(message, 4, 3) == "ALE") {
     texts.push_back(message);
   } else if (message.starts_with("ST") && message.size() == 18) {
     times.push_back(Number<float>(message, 3));

@@ -25,7 +25,7 @@ TEST(Wire, RecordsHaveTheirFieldsInPlace) {
                         Pad("EJEMPLO, S.A.", 20));
   wire::AppendQuote(quote, QuoteOf(state));
   EXPECT_EQ(quote, "ABC    " + F32(10.25f) + F32(10.10f) + F32(10.10f) + F32(400) + F64(4085));
-  wire::AppendTrade(trade, {state.code, true, 93002, 100, 123, 456, 10.10f});
+  wire::AppendTrade(trade, {state.code, 'C', 93002, 100, 123, 456, 10.10f});
   EXPECT_EQ(trade, "C ABC  " + F32(93002) + I16(100) + I16(123) + I16(456) + F32(10.10f) +
                        std::string(4, '\0'));
   wire::AppendBook(book, state, OrderBook::OfTicks(3, 1, 1));
