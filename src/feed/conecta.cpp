@@ -139,6 +139,7 @@ bool Conecta::OnQueryUnload() {
 void Conecta::Command1_Click() { set_state(State::minimized); }
 
 void Conecta::Command2_Click() {
+  if (terminado_) return;
   std::string records;
   for (const platform::TextBox* field : {&Text3, &Text1, &Text2}) {
     records += base::FixedText<kCampo>::FromUtf8(field->text()).bytes();

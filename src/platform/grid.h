@@ -129,9 +129,9 @@ class Grid : public Control {
   /// texts, case-blind, then by bytes. Rows move with their colours. Returns, for every row of the
   /// grid, the number that it had before.
   std::vector<int> SortAscending();
-  /// The same for rows 1 to the last by `col`, where all but the last are in that order already:
-  /// puts the last row in its place and returns that.
-  int SortLastRow(int col);
+  /// The same for rows 1 to `row` by `col`, where those before it are in that order already: puts
+  /// it in its place and returns that.
+  int SortRow(int row, int col);
 
   /// The whole grid as text: cells joined by TAB, every row ended by CR.
   [[nodiscard]] std::string AllText() const;

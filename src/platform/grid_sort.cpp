@@ -165,13 +165,13 @@ std::vector<int> Grid::SortAscending() {
   return former;
 }
 
-int Grid::SortLastRow(int col) {
-  const int last = rows() - 1;
-  int first = 1, end = last;  // the place is in first..end
+int Grid::SortRow(int row, int col) {
+  if (!Inside(row, col)) return row;
+  int first = 1, end = row;  // the place is in first..end
   while (first < end) {
     const int middle = (first + end) / 2;
     Keys keys(2, 1);
-    keys.Add(text(last, col));
+    keys.Add(text(row, col));
     keys.Add(text(middle, col));
     if (keys.Less(0, 1)) {
       end = middle;
@@ -179,10 +179,8 @@ int Grid::SortLastRow(int col) {
       first = middle + 1;
     }
   }
-  if (first >= last) return last;
-  Row row = std::move(rows_.back());
-  std::move_backward(rows_.begin() + first, rows_.end() - 1, rows_.end());
-  rows_[static_cast<std::size_t>(first)] = std::move(row);
+  if (first >= row) return row;
+  std::rotate(rows_.begin() + first, rows_.begin() + row, rows_.begin() + row + 1);
   ++name_changes_;
   TouchAll();
   return first;

@@ -43,8 +43,8 @@ void Stop::Advance() {
 }
 
 void Stop::UnloadWindows() {
-  terminal_.platform().windows.ForEach([](platform::Window& window) {
-    if (window.caption() != MDI::kCaption) (void)window.Unload();
+  terminal_.platform().windows.ForEach([this](platform::Window& window) {
+    if (&window != &terminal_.MDI) (void)window.Unload();
   });
 }
 

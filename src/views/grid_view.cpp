@@ -193,10 +193,14 @@ void GridView::ShowCode(std::string_view name) {
 }
 
 void GridView::OpenTickets(const std::string& name) {
-  ForEachNamed(name, [this](std::int16_t slot, const store::Instrumento& record) {
+  // Names are the server's: one double click isn't to open thousands of windows.
+  constexpr int kMost = 20;
+  int opened = 0;
+  ForEachNamed(name, [&](std::int16_t slot, const store::Instrumento& record) {
     const bool open = platform().windows.WithTag(record.Codigo.utf8()) != nullptr;
-    if (!open && context_.pipeline.AbrirTicket) context_.pipeline.AbrirTicket(slot);
-    return true;
+    if (open || !context_.pipeline.AbrirTicket) return true;
+    context_.pipeline.AbrirTicket(slot);
+    return ++opened < kMost;
   });
 }
 

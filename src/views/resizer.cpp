@@ -1,5 +1,6 @@
 #include "views/resizer.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace views {
@@ -19,10 +20,17 @@ platform::Rect Scaled(const platform::Rect& design, double x, double y) {
 
 void Resizer::Add(platform::Control& control) { entries_.push_back({&control, control.rect()}); }
 
+void Resizer::set_least(int inner_width, int inner_height) {
+  least_width_ = inner_width;
+  least_height_ = inner_height;
+}
+
 void Resizer::Sized(int inner_width, int inner_height) {
   if (inner_width <= 0 || inner_height <= 0) return;
-  const bool first = base_width_ == 0;
-  if (first || !enabled_) {
+  if (base_width_ == 0) {
+    base_width_ = std::max(inner_width, least_width_);
+    base_height_ = std::max(inner_height, least_height_);
+  } else if (!enabled_) {
     base_width_ = inner_width / scale_x_;
     base_height_ = inner_height / scale_y_;
     return;

@@ -14,6 +14,8 @@ class Resizer {
   void Add(platform::Control& control);
   [[nodiscard]] bool enabled() const { return enabled_; }
   void set_enabled(bool enabled) { enabled_ = enabled; }
+  /// The inner size that holds the design, in twips: a first size below it shrinks the controls.
+  void set_least(int inner_width, int inner_height);
   /// The inner size of the window is this now, in twips. The first size is that of the design; a
   /// size without any room is skipped.
   void Sized(int inner_width, int inner_height);
@@ -29,6 +31,7 @@ class Resizer {
 
   std::vector<Entry> entries_;
   bool enabled_ = true;
+  int least_width_ = 0, least_height_ = 0;
   double base_width_ = 0, base_height_ = 0;  // the inner size at which the factors are 1
   double scale_x_ = 1, scale_y_ = 1;
 };

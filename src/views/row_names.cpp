@@ -35,7 +35,7 @@ int RowNames::Find(std::string_view name) {
 
 int RowNames::PlaceLast() {
   const bool knew_others = learned_at_ == ordered_at_;  // both from before the row came
-  const int place = grid_.SortLastRow(0);
+  const int place = grid_.SortRow(grid_.rows() - 1, 0);
   if (knew_others) {
     keys_.insert(keys_.begin() + place, KeyAt(place));
     learned_at_ = grid_.name_changes();

@@ -24,7 +24,7 @@ class Ticker2 : public platform::Window {
  public:
   using Cinco = std::array<platform::Label, 5>;  // best level first
 
-  /// Both outlive it.
+  /// All outlive it.
   Ticker2(platform::Platform& platform, const store::InstrumentStore& store, const Form2& tape);
 
   platform::Label Ultimo, D, Maximo, Minimo, Volumen;
@@ -67,11 +67,12 @@ class Ticker2 : public platform::Window {
   void CopiarDeCinta();
   void AgregarFila(char lado);
   void Ordenar();
+  void Ordenadas();
 
   const store::InstrumentStore& store_;
   const Form2& tape_;
   platform::RowText fila_;  // of `List1`, while it is being built
-  bool en_orden_ = true;    // the rows of `List1` are in order of their time
+  int sueltas_desde_ = 0;   // first row of `List1` that may be out of order; 0 is none
   float ultima_hora_ = 0;   // of its last row
   HeightSlide slide_;
   int design_linea_y1_ = 0;

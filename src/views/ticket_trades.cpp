@@ -33,7 +33,6 @@ char LadoDe(std::string_view eje) { return eje.size() == 1 ? eje[0] : ' '; }
 }  // namespace
 
 void Ticker2::inicio() {
-  List1.set_cols(static_cast<int>(kDesign.size()));
   List1.set_rows(1);
   // Rows are written by column number, so columns stay in their places.
   List1.on_before_move_column = [](int from, int) { return from; };
@@ -48,7 +47,6 @@ void Ticker2::inicio() {
   }
   Label7.set_caption("Comp");
   CopiarDeCinta();
-  List1.set_visible(true);
 }
 
 void Ticker2::CopiarDeCinta() {
@@ -63,11 +61,14 @@ void Ticker2::CopiarDeCinta() {
     for (const Design& design : kDesign) fila_.Add(tape.text(row, design.source));
     AgregarFila(LadoDe(tape.text(row, Form2::kOrden)));
   }
-  en_orden_ = List1.rows() < 2;
+  sueltas_desde_ = 0;
   ultima_hora_ = 0;
-  if (en_orden_) return;
-  Ordenar();
-  List1.set_top_row(List1.rows() - 1);
+  const int last = List1.rows() - 1;
+  if (last < 1) return;
+  List1.Select(1, 0, last, 0);
+  (void)List1.SortAscending();
+  Ordenadas();
+  List1.set_top_row(last);
 }
 
 void Ticker2::AgregarNegocio(const store::Negocio& trade) {
@@ -86,7 +87,7 @@ void Ticker2::AgregarNegocio(const store::Negocio& trade) {
   if (List1.text(last, 0) < List1.text(last - 1, 0)) {
     Ordenar();
   } else {
-    en_orden_ = en_orden_ && trade.Hora >= ultima_hora_;
+    if (sueltas_desde_ == 0 && trade.Hora < ultima_hora_) sueltas_desde_ = last;
     ultima_hora_ = trade.Hora;
   }
   List1.set_top_row(last);
@@ -102,13 +103,15 @@ void Ticker2::AgregarFila(char lado) {
 
 // By their time, those of one second in order of arrival.
 void Ticker2::Ordenar() {
-  if (en_orden_) {
-    List1.SortLastRow(0);
-  } else {
-    List1.Select(1, 0, List1.rows() - 1, 0);
-    (void)List1.SortAscending();
-  }
-  en_orden_ = true;
+  const int last = List1.rows() - 1;
+  const int first = sueltas_desde_ > 0 ? sueltas_desde_ : last;
+  for (int row = first; row <= last; ++row) List1.SortRow(row, 0);
+  Ordenadas();
+}
+
+// All rows are in order now.
+void Ticker2::Ordenadas() {
+  sueltas_desde_ = 0;
   List1.Select(1, 1, 1, 1);
   ultima_hora_ = static_cast<float>(base::Val(List1.text(List1.rows() - 1, 0)).value_or(0));
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "base/text.h"
+
 namespace views {
 
 Tickets::Tickets(platform::Platform& platform, store::InstrumentStore& store,
@@ -34,7 +36,7 @@ void Tickets::AbrirTicket(std::int16_t slot) {
   Ticker2& ticket = *abiertos_.back();
   ticket.al_descargar = [this, &ticket] { Retirar(ticket); };
   ticket.set_tag(code.utf8());
-  ticket.set_caption(store_.Instrumentos(slot).Nombre.trimmed_utf8());
+  ticket.set_caption(base::OneLine(store_.Instrumentos(slot).Nombre.trimmed_utf8()));
   ticket.Show();
   if (steps.EnviarTexto) steps.EnviarTexto(std::string("P:").append(code.bytes()));
   pipeline_.RefrescarInstrumento(slot);

@@ -135,8 +135,6 @@ void Binders::Bind(platform::CheckBox& box, QCheckBox& widget) {
 }
 
 void Binders::Bind(platform::OptionButton& option, QRadioButton& widget) {
-  // Qt's own groups don't let go of the last one that is on.
-  widget.setAutoExclusive(false);
   Follow(option, widget, [&option, &widget] {
     const QString caption = Text(option.caption());
     if (widget.text() != caption) widget.setText(caption);
@@ -144,10 +142,8 @@ void Binders::Bind(platform::OptionButton& option, QRadioButton& widget) {
     ShowCommon(option, widget);
     ShowName(widget, NameOf(SpokenCaption(option.caption()), option));
   });
-  QObject::connect(&widget, &QRadioButton::clicked, &context_, [&option, &widget] {
-    widget.setChecked(true);  // a second click doesn't turn it off
-    option.set_value(true);
-  });
+  QObject::connect(&widget, &QRadioButton::clicked, &context_,
+                   [&option] { option.set_value(true); });
 }
 
 void Binders::Bind(platform::ListBox& list, ListWidget& widget) {

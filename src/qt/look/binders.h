@@ -43,7 +43,7 @@ class Binders {
   void Bind(platform::TextBox& box, QLineEdit& widget);
   void Bind(platform::Button& button, QPushButton& widget);
   void Bind(platform::CheckBox& box, QCheckBox& widget);
-  /// The model alone says which of its group is on.
+  /// Options of one group stand on one parent of their own, so that Qt takes them for one too.
   void Bind(platform::OptionButton& option, QRadioButton& widget);
   void Bind(platform::ListBox& list, ListWidget& widget);
   void Bind(platform::PictureBox& picture, PictureWidget& widget);

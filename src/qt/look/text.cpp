@@ -7,7 +7,9 @@ namespace qt {
 QString ToolTipText(std::string_view plain) {
   while (!plain.empty() && plain.back() == ' ') plain.remove_suffix(1);
   const QString text = Text(plain);
-  if (!Qt::mightBeRichText(text)) return text;
+  // Only rich text is wrapped to the screen.
+  constexpr qsizetype kLong = 100;
+  if (text.size() <= kLong && !Qt::mightBeRichText(text)) return text;
   return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
 }
 

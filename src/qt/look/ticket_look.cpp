@@ -1,7 +1,6 @@
 #include "qt/look/ticket_look.h"
 
 #include <algorithm>
-#include <array>
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -167,8 +166,6 @@ void Ticket::FillMenu(QMenu& menu) {
   auto* trades = menu.addAction(QStringLiteral("&Negociaciones del día"));
   trades->setShortcut(kTradesKey);
   connect(trades, &QAction::triggered, context_, [this] { model_->Label6.DoubleClick(); });
-  connect(menu.addAction(QStringLiteral("&Ajustar la ventana")), &QAction::triggered, context_,
-          [this] { model_->Label5.Click(); });
   menu.addSeparator();
   auto* close = menu.addAction(QStringLiteral("&Cerrar"));
   close->setShortcut(Qt::Key_Escape);

