@@ -63,7 +63,7 @@ void DesignTicket(Ticker2& ticket) {
   PlaceQuote(ticket);
   PlaceBook(ticket);
   PlaceTrades(ticket);
-  ticket.ReSize1.set_least(kInnerWidth * kPixel, kShortHeight * kPixel);
+  ticket.ReSize1.set_least((kInnerWidth - kMargin) * kPixel, (kShortHeight - kMargin) * kPixel);
   ticket.set_rect(Pixels(40, 40, kInnerWidth + kFrameWidth, kShortHeight + kFrameHeight));
 }
 

@@ -1,9 +1,8 @@
 #include "qt/ports/qt_socket.h"
 
 #include <algorithm>
-#include <utility>
-
 #include <sys/ioctl.h>
+#include <utility>
 
 #include <QNetworkProxy>
 #include <QSignalBlocker>
