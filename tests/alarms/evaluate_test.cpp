@@ -26,8 +26,7 @@ TEST_F(Evaluate, MeetsPriceByConditionAndVolumeByKind) {
   for (const auto& c : cases) {
     alarms::AlarmTable one(program);
     ASSERT_TRUE(one.Agregar(Alarm("TEF", c.value, c.condition, c.kind)));
-    EXPECT_EQ(one.Cumplida(Quote("TEF", c.last, c.volume)), c.fires ? 1 : 0)
-        << &c - cases << ": " << c.value;
+    EXPECT_EQ(one.Cumplida(Quote("TEF", c.last, c.volume)), c.fires) << &c - cases;
   }
 }
 
@@ -36,45 +35,43 @@ TEST_F(Evaluate, FiresOneAnUpdateAndNeverAgain) {
   Define(Alarm("TEF", 10, 1, 4, "avisar"));
   Define(Alarm("TEF", 20));
   Define(Alarm(" TEF", 10));
-  const auto quote = Quote("TEF", 20.5F);
-  Arrive(quote);
-  EXPECT_EQ(fired.List1.items(),
-            std::vector<std::string>{"93005 CAÑAS                A 20.5  Orden: avisar"});
-  EXPECT_EQ(form.List1.items().at(1), "2 * TEF   10 avisar");
-  Arrive(quote);
-  EXPECT_EQ(form.List1.items().at(2), "3 * TEF   20 vender");
-  Arrive(quote);
-  Arrive(Quote("* TEF", 20.5F));
+  Arrive(Quote("TEF", 20.5F));
+  EXPECT_EQ(Lines(fired.List1), "93005 CAÑAS                A 20.5  Orden: avisar|");
+  for (const char* code : {"TEF", "TEF", "* TEF"}) Arrive(Quote(code, 20.5F));
+  EXPECT_EQ(Lines(form.List1),
+            "1 TEF     50 vender|2 * TEF   10 avisar|3 * TEF   20 vender|4  TEF    10 vender|");
   EXPECT_EQ(fired.List1.items().size(), 2U);
   EXPECT_FALSE(dir.Has("Al.Set"));
 }
 
 TEST_F(Evaluate, BeepsEverySecondUntilTheUserTakesNote) {
-  for (const char* code : {"A", "B", "C", "D"}) Define(Alarm(code, 1));
   const auto beeps = [this](int ms) {
     const int before = outside.sound().beeps;
     outside.avanzar(ms);
     return outside.sound().beeps - before;
   };
-  Arrive(Quote("A", 1));
-  EXPECT_EQ(outside.desktop().log.back(), "raised Lista de alarmas");
+  const auto fire = [this](const char* code) {
+    Define(Alarm(code, 1));
+    Arrive(Quote(code, 1));
+  };
+  fire("A");
+  EXPECT_EQ(outside.desktop().log, std::vector<std::string>{"raised Lista de alarmas"});
   EXPECT_EQ(beeps(999), 0);
-  Arrive(Quote("B", 1));  // doesn't start the second anew
+  fire("B");  // doesn't start the second anew
   EXPECT_EQ(beeps(3001), 4);
   fired.Form_DblClick();
   EXPECT_TRUE(fired.visible());
   EXPECT_EQ(beeps(3000), 0);
-  Arrive(Quote("C", 1));
+  fire("C");
   fired.UserClose();
   EXPECT_TRUE(!fired.visible() && fired.loaded());
   EXPECT_EQ(beeps(3000), 0);
-  Arrive(Quote("D", 1));
+  fire("D");
   EXPECT_TRUE(fired.visible());
   EXPECT_EQ(beeps(1000), 1);
-  fired.Command5.Click();
-  EXPECT_FALSE(fired.visible());
+  fase_cierre = 1;
+  EXPECT_TRUE(fired.Unload());
   EXPECT_EQ(beeps(3000), 0);
-  EXPECT_EQ(fired.List1.items().size(), 4U);
 }
 
 TEST_F(Evaluate, FindsWhatAPlainScanFinds) {

@@ -39,6 +39,13 @@ class AlarmTest : public testing::Test {
     alarms::EvaluarAlarmas(record, table, form, fired);
   }
 
+  /// The lines of a list, each with a "|" at its end.
+  static std::string Lines(const platform::ListBox& list) {
+    std::string text;
+    for (const std::string& line : list.items()) text += line + '|';
+    return text;
+  }
+
   support::TempDir dir;
   support::MemoryPlatform outside;
   base::ProgramDir program{dir.path()};

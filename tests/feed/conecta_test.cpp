@@ -1,7 +1,6 @@
 #include "feed/conecta.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "fixture.h"
 #include "support/memory_platform.h"
@@ -37,6 +36,9 @@ class ConectaTest : public testing::Test {
     client().Accept();
     client().writes.clear();
   }
+  [[nodiscard]] Texts Fields() const {
+    return {conecta->Text3.text(), conecta->Text1.text(), conecta->Text2.text()};
+  }
   [[nodiscard]] support::FakeSocket& client() { return *outside.sockets.at(0); }
 
   support::TempDir dir;
@@ -46,80 +48,53 @@ class ConectaTest : public testing::Test {
   std::unique_ptr<feed::Conecta> conecta;
 };
 
-TEST_F(ConectaTest, LoadsItsFieldsFromTheFile) {
-  struct Case {
-    std::string file, login, password, server;
-  };
-  const Case cases[] = {
-      {"", "", "", ""},
-      {Pad("10.0.0.1", 15) + Pad("a\xF1o", 15) + Pad(" x", 15), "año", " x", "10.0.0.1"},
-      {Pad("server", 15) + Pad("123456789", 15) + "cut", "1234567", "", "server"},
-      {Pad("", 15) + Pad("a\tb", 15) + std::string(15, '\0'), "a b", "", ""},
-  };
-  for (const Case& test : cases) {
-    dir.Write("IP.cfg", test.file);
-    Load();
-    EXPECT_EQ(conecta->Text1.text(), test.login);
-    EXPECT_EQ(conecta->Text2.text(), test.password);
-    EXPECT_EQ(conecta->Text3.text(), test.server);
-    EXPECT_EQ(client().host, "demostracion");
-  }
+TEST_F(ConectaTest, LoadsWhatIsThereOfItsFile) {
+  dir.Write("IP.cfg", Pad("server", 15) + Pad("a\t3456789", 15) + "cut");
+  Load();
+  EXPECT_EQ(Fields(), (Texts{"server", "a 34567", ""}));
 }
 
 TEST_F(ConectaTest, TheLoginButtonWritesTheFileWhateverTheFieldsHold) {
-  struct Case {
-    const char *login, *password, *server, *host;
-    State state;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, const char*, const char*, const char*, State> cases[] = {
       {"ana", "secreto", "feed.example", "feed.example", State::closed},
       {"usuario", "abc", "feed.example", "feed.example", State::closed},
-      {"usuario", "secreto", " abcd ", "demostracion", State::connecting},
-      {"ñañá", "clave", " feed.example ", "feed.example", State::connecting},
+      {"usuario", "secreto", " abcd", "demostracion", State::connecting},
+      {"ñañá", "clave", " feed.example", "feed.example", State::connecting},
   };
-  for (const Case& test : cases) {
-    conecta->Recargar();
+  for (const auto& [login, password, server, host, state] : cases) {
     conecta->Show();
-    Type(test.login, test.password, test.server);
-    std::string file;
-    for (const char* text : {test.server, test.login, test.password}) {
-      file += Pad(base::Utf8ToAnsi(text), 15);
-    }
-    EXPECT_EQ(dir.Read("IP.cfg"), file);
-    EXPECT_EQ(client().host, test.host);
-    EXPECT_EQ(client().state(), test.state);
-    EXPECT_EQ(conecta->visible(), test.state == State::closed);
+    Type(login, password, server);
+    EXPECT_EQ(client().host, host);
+    EXPECT_EQ(client().state(), state);
+    EXPECT_EQ(conecta->visible(), state == State::closed);
+    conecta->Recargar();
+    EXPECT_EQ(Fields().at(0), server);
+    EXPECT_EQ(Fields().at(1), login);
   }
-  struct stat status {};
-  ASSERT_EQ(stat(dir.Path("IP.cfg").c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0600U);
+  EXPECT_EQ(dir.Read("IP.cfg"), Pad(" feed.example", 15) +
+                                    Pad("\xF1"
+                                        "a\xF1\xE1",
+                                        15) +
+                                    Pad("clave", 15));
 }
 
-TEST_F(ConectaTest, LogsInWithOneWrite) {
+TEST_F(ConectaTest, LogsInWithOneWriteAndAsksForASessionUntilItIsConfirmed) {
   market.Tickctl2.PonerTexto("Pulse ", "", 7, 80, "");
   Type("ana1", " secret", "feed.example");
-  EXPECT_FALSE(conecta->Timer1.enabled());
   client().Accept();
-  EXPECT_EQ(client().writes, Texts{Plain("ID:ana1   .secret ") + Plain("C:Brizna.Continuo")});
-  EXPECT_EQ(conecta->IdSesion(), "ana1secret  ");
-  EXPECT_EQ(market.Picture2.picture(), Picture::connected);
   EXPECT_EQ(outside.sockets.at(1)->host, "feed.example");
   EXPECT_EQ(client().port * 10000 + outside.sockets.at(1)->port, 231999);
   const auto& items = market.Tickctl2.items();
   ASSERT_EQ(items.size(), 3U);
   EXPECT_EQ(items[0].text + items[2].text, "Conectado Cotirama Data Server.");
-  EXPECT_EQ(items[1].picture, Picture::server);
-}
 
-TEST_F(ConectaTest, AsksForASessionUntilItIsConfirmed) {
-  LogIn();
-  const std::string request = Plain("TRZO:usuariosecre:usuariosecre");
   outside.avanzar(10000);
-  EXPECT_EQ(client().writes, (Texts{request, request}));
+  const std::string request = Plain("TRZO:ana1secret  :ana1secret  ");
+  EXPECT_EQ(client().writes,
+            (Texts{Plain("ID:ana1   .secret ") + Plain("C:Brizna.Continuo"), request, request}));
   client().Arrive(Frame("0000"));
-  EXPECT_TRUE(conecta->SesionLista());
   outside.avanzar(10000);
-  EXPECT_EQ(client().writes.size(), 2U);
+  EXPECT_EQ(client().writes.size(), 3U);
   client().Arrive(Plain("99,5   "));
   EXPECT_FALSE(conecta->SesionLista());
 
@@ -139,7 +114,6 @@ TEST_F(ConectaTest, ComesBackAfterCloseAndError) {
   outside.avanzar(5000);
   client().PeerClose();
   EXPECT_EQ(market.Picture2.picture(), Picture::closed);
-  EXPECT_TRUE(outside.boxes.messages.empty());
   outside.avanzar(5000);
   EXPECT_EQ(client().state(), State::connecting);
   EXPECT_EQ(steps, "mdcc");
@@ -156,68 +130,56 @@ TEST_F(ConectaTest, ComesBackAfterCloseAndError) {
   EXPECT_TRUE(conecta->TickCarteras);
 }
 
-TEST_F(ConectaTest, ShowsThatDataArrive) {
+TEST_F(ConectaTest, CountsAByteOnceAndDropsNoneHoweverOftenItIsCarriedOver) {
   LogIn();
-  client().Arrive(Frame("0000"));
-  EXPECT_EQ(market.Picture2.picture(), Picture::receiving);
-  EXPECT_EQ(market.Label2.back(), base::palette::kRed);
   client().Arrive(Frame("0000") + Frame("half").substr(0, 8));
   EXPECT_EQ(market.Picture2.picture(), Picture::connected);
-  // A byte counts once, however often it is carried over, even into the next connection.
+  // The carry goes on into the next connection.
   client().PeerClose();
   outside.avanzar(5000);
   client().Accept();
-  client().Arrive(Frame("half").substr(8) + Frame("99,9   "));
-  EXPECT_FALSE(conecta->SesionLista());
-  EXPECT_EQ(market.Picture2.tool_tip(), "Bytes transferidos: 43");
-}
+  client().Arrive(Frame("half").substr(8));
+  EXPECT_EQ(market.Picture2.tool_tip(), "Bytes transferidos: 20");
 
-TEST_F(ConectaTest, ReadsABacklogToItsEnd) {
-  LogIn();
-  std::string stream;
+  std::string backlog;
   for (int i = 1; i <= 1500; ++i) {
     const std::string code = "X" + std::to_string(i);
-    stream += Frame("99,1   " + support::MasterRecord({.code = code, .name = "N"}));
+    backlog += Frame("99,1   " + support::MasterRecord({.code = code, .name = "N"}));
   }
-  client().Arrive(stream);
+  client().Arrive(backlog);
   EXPECT_EQ(market.store.NumInstrumentos(), 1500);
-  EXPECT_EQ(conecta->decoder().ContadorRecords(), 1500);
-  EXPECT_EQ(conecta->BytesTransferidos(), static_cast<int>(stream.size()));
+  EXPECT_EQ(conecta->BytesTransferidos(), static_cast<int>(20 + backlog.size()));
 }
 
-TEST_F(ConectaTest, FollowsARedirectAfterTheReadHandler) {
+TEST_F(ConectaTest, FollowsARedirectAfterTheReadHandlerAndItsBoxes) {
   LogIn();
-  const auto redirect = [this](const std::string& host) {
-    client().Accept();
-    client().Arrive(Plain("Internet:" + host));
-    EXPECT_TRUE(conecta->conectado());
-  };
-  redirect("feed.example");
-  outside.RunPosted();
-  EXPECT_EQ(client().connects, 1);
-  redirect("a.example");
-  redirect("b.example");
-  outside.RunPosted();
-  EXPECT_EQ(client().host, "b.example");
-  EXPECT_EQ(client().connects, 2);
-  redirect("demostracion");
-  outside.RunPosted();
-  EXPECT_EQ(client().host, "b.example");
-  // A box that follows in the same read lets posted tasks run, and the session waits all the same.
   outside.boxes.while_open = [this] {
     outside.RunPosted();
     EXPECT_TRUE(conecta->conectado());
   };
-  redirect("e.example\xFF\xFENot:0001");
-  outside.RunPosted();
-  EXPECT_EQ(client().host, "e.example");
-  EXPECT_EQ(client().connects, 3);
-  redirect("c.example");
+  const std::tuple<std::string, std::string, int> cases[] = {
+      {"Internet:feed.example", "feed.example", 1},
+      {Plain("Internet:a.example") + "Internet:b.example", "b.example", 2},
+      {"Internet:demostracion", "b.example", 2},
+      {Plain("Internet:e.example") + "Not:0001", "e.example", 3},
+  };
+  for (const auto& [redirects, host, connects] : cases) {
+    client().Accept();
+    client().Arrive(Plain(redirects));
+    EXPECT_TRUE(conecta->conectado());
+    outside.RunPosted();
+    EXPECT_EQ(client().host, host);
+    EXPECT_EQ(client().connects, connects);
+  }
+  // Nothing is followed once the session or the window is gone.
+  client().Accept();
+  client().Arrive(Plain("Internet:c.example"));
   conecta->Recargar();
   outside.RunPosted();
   EXPECT_EQ(client().connects, 3);
   client().Connect();
-  redirect("d.example");
+  client().Accept();
+  client().Arrive(Plain("Internet:d.example"));
   conecta.reset();
   outside.RunPosted();
 }
@@ -231,9 +193,9 @@ TEST_F(ConectaTest, ABoxOfTheFeedHoldsUpTheFeedAlone) {
     EXPECT_TRUE(conecta->conectado());
   };
   client().Arrive(Plain("Not:0001 hola"));
-  EXPECT_EQ(outside.boxes.messages, Texts{"Notificacion: 0001 hola"});
   EXPECT_TRUE(conecta->SesionLista());
 
+  // One event raises no flood of them.
   outside.boxes.while_open = nullptr;
   std::string chain;
   for (int i = 0; i < 60; ++i) chain += Frame("Not:" + std::to_string(1000 + i));
@@ -247,14 +209,11 @@ TEST_F(ConectaTest, StaysLoadedUntilTheProgramEnds) {
   client().Arrive(Plain("0000"));
   conecta->Timer2.set_interval(10000);
   conecta->Recargar();
-  EXPECT_TRUE(conecta->loaded());
   EXPECT_TRUE(conecta->SesionLista());
-  EXPECT_EQ(market.Picture2.picture(), Picture::closed);
   EXPECT_EQ(conecta->Timer2.interval(), 60000);
   outside.avanzar(60000);
   EXPECT_TRUE(conecta->cerrado());
 
-  // Closing only hides it until the program ends.
   conecta->Show();
   conecta->UserClose();
   EXPECT_FALSE(conecta->visible());

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "feed/frame_codec.h"
 #include "feed/strip.h"
 #include "store/instrument_store.h"
 #include "store/update_pipeline.h"
@@ -34,4 +35,15 @@ struct Market {
     }
     return text;
   }
+};
+
+/// A codec that keeps its messages.
+struct Reader {
+  Reader() {
+    codec.steps.Procesar = [this](std::string_view text) { messages.emplace_back(text); };
+  }
+
+  feed::Zip zip;
+  feed::FrameCodec codec{zip};
+  std::vector<std::string> messages;
 };

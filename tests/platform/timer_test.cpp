@@ -6,58 +6,53 @@
 
 namespace {
 
-TEST(Timer, TicksWhileEnabledWithAnInterval) {
+class TimerTest : public testing::Test {
+ protected:
+  /// The ticks within so many ms.
+  int TicksIn(int ms) {
+    ticks = 0;
+    outside.avanzar(ms);
+    return ticks;
+  }
+
   support::MemoryPlatform outside;
-  platform::Timer timer(outside, 1000, true);
   int ticks = 0;
-  timer.on_tick = [&] { ++ticks; };
-  outside.avanzar(999);
-  EXPECT_EQ(ticks, 0);
-  outside.avanzar(2001);
-  EXPECT_EQ(ticks, 3);
+  platform::Timer timer{outside, 1000, true};
+};
+
+TEST_F(TimerTest, TicksWhileEnabledWithAnInterval) {
+  timer.on_tick = [this] { ++ticks; };
+  EXPECT_EQ(TicksIn(999), 0);
+  EXPECT_EQ(TicksIn(2001), 3);
   timer.set_enabled(false);
-  outside.avanzar(5000);
-  EXPECT_EQ(ticks, 3);
+  EXPECT_EQ(TicksIn(5000), 0);
   timer.set_enabled(true);
   EXPECT_TRUE(timer.set_interval(0));
-  outside.avanzar(100000);
-  EXPECT_EQ(ticks, 3);
-  EXPECT_TRUE(timer.set_interval(65535));
-  EXPECT_FALSE(timer.set_interval(65536));
-  outside.avanzar(65535);
-  EXPECT_EQ(ticks, 4);
+  EXPECT_EQ(TicksIn(100000), 0);
+  EXPECT_TRUE(timer.set_interval(65535) && !timer.set_interval(65536));
+  EXPECT_EQ(TicksIn(65535), 1);
 }
 
-TEST(Timer, StartsItsIntervalAnewButNotWhenItIsEnabledAgain) {
-  support::MemoryPlatform outside;
-  platform::Timer timer(outside, 100, true);
-  int ticks = 0;
-  timer.on_tick = [&] { ++ticks; };
-  outside.avanzar(60);
-  EXPECT_TRUE(timer.set_interval(100));
-  outside.avanzar(60);
-  EXPECT_EQ(ticks, 0);
+TEST_F(TimerTest, StartsItsIntervalAnewButNotWhenItIsEnabledAgain) {
+  timer.on_tick = [this] { ++ticks; };
+  outside.avanzar(600);
+  EXPECT_TRUE(timer.set_interval(1000));
+  EXPECT_EQ(TicksIn(600), 0);
   timer.set_enabled(true);
-  outside.avanzar(40);
-  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(TicksIn(400), 1);
 }
 
-TEST(Timer, DropsTicksThatComeInsideItsOwnHandler) {
-  support::MemoryPlatform outside;
-  platform::Timer slow(outside, 1000, true), other(outside, 400, true);
-  int ticks = 0, others = 0;
-  slow.on_tick = [&] {
-    ++ticks;
-    outside.dialogs().Message("waits");
-  };
+TEST_F(TimerTest, DropsTicksThatComeInsideItsOwnHandler) {
+  platform::Timer other(outside, 400, true);
+  int others = 0, handled = 0;
   other.on_tick = [&] { ++others; };
-  outside.boxes.while_open = [&] { outside.avanzar(10000); };
+  timer.on_tick = [&] {
+    if (++handled == 1) outside.avanzar(10000);
+  };
   outside.avanzar(1000);
-  EXPECT_EQ(outside.boxes.messages.size(), 1u);
   EXPECT_EQ(others, 27);  // goes on meanwhile: 11 s in all
-  outside.boxes.while_open = nullptr;
   outside.avanzar(1000);
-  EXPECT_EQ(ticks, 2);
+  EXPECT_EQ(handled, 2);
 }
 
 }  // namespace

@@ -4,15 +4,17 @@
 #include <memory>
 #include <string>
 
-#include "demo/feed.h"
 #include "shell/terminal.h"
 #include "support/memory_platform.h"
 #include "support/wire.h"
 
-/// A whole terminal on the in-memory platform, its feed socket joined to an embedded market.
+/// A whole terminal on the in-memory platform.
 class TerminalTest : public testing::Test {
  protected:
+  /// Ends the terminal there is, if any.
   void Start() {
+    ended = false;
+    terminal.reset();
     terminal = std::make_unique<shell::Terminal>(outside, base::ProgramDir(dir.path()));
     terminal->on_end = [this] { ended = true; };
     terminal->Start();
@@ -20,10 +22,14 @@ class TerminalTest : public testing::Test {
 
   [[nodiscard]] support::FakeSocket& feed() { return *outside.sockets.at(0); }
 
-  void LogIn() {
+  void TypeLogin() {
     terminal->Conecta.Text1.set_text("invitado");
     terminal->Conecta.Text2.set_text("secreto");
     terminal->Conecta.Command2.Click();
+  }
+
+  void LogIn() {
+    TypeLogin();
     feed().Accept();
   }
 
@@ -36,20 +42,8 @@ class TerminalTest : public testing::Test {
 
   void PressTool(int number) { terminal->MDI.ActiveBar1.Click({number, {}}); }
 
-  /// Lets `ms` pass on both sides of the wire, in steps of 100 ms.
-  void Run(demo::Feed& market, int connection, int ms) {
-    for (int passed = 0; passed < ms; passed += 100) {
-      market.Receive(connection, feed().sent.substr(handed_over));
-      handed_over = feed().sent.size();
-      market.Advance(100);
-      feed().Arrive(market.TakeOutput(connection));
-      outside.avanzar(100);
-    }
-  }
-
   support::TempDir dir;
   support::MemoryPlatform outside;
   std::unique_ptr<shell::Terminal> terminal;
   bool ended = false;
-  std::size_t handed_over = 0;
 };

@@ -87,7 +87,7 @@ void FakeSocket::Close() {
 }
 
 bool FakeSocket::Send(std::string_view bytes) {
-  if (state_ != State::connected || refuse_send) return false;
+  if (state_ != State::connected) return false;
   sent += bytes;
   writes.emplace_back(bytes);
   return true;

@@ -26,7 +26,6 @@ class FakeSocket : public platform::Socket {
   std::string sent;                 // all bytes sent, over all connections
   std::vector<std::string> writes;  // the same, by call
   int connects = 0, closes = 0;
-  bool refuse_send = false;
   bool close_hangs = false;  // closing changes nothing
 
   // The peer. What doesn't fit the state of the socket is dropped.

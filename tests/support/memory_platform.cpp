@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/window.h"
-
 namespace support {
 
 void FakeDialogs::Message(std::string_view text) {
@@ -28,21 +26,6 @@ void FakeDialogs::StayOpen() {
   if (++open == 1 && while_open) while_open();
   --open;
 }
-
-void FakeClipboard::Clear() {
-  ++clears;
-  text.clear();
-}
-
-void FakePrinter::Print(const platform::Grid& grid, std::string_view title) {
-  jobs.push_back({std::string(title), grid.AllText()});
-}
-
-void FakeDesktop::Shown(platform::Window& window) { log.push_back("shown " + window.caption()); }
-void FakeDesktop::Raised(platform::Window& window) { log.push_back("raised " + window.caption()); }
-void FakeDesktop::Hidden(platform::Window& window) { log.push_back("hidden " + window.caption()); }
-void FakeDesktop::Closed(platform::Window& window) { log.push_back("closed " + window.caption()); }
-void FakeDesktop::Focus(platform::Window&, platform::Control& control) { focus = &control; }
 
 class MemoryPlatform::FakeTimer : public platform::TimerPort {
  public:

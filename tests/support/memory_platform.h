@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/window.h"
 #include "support/bytes.h"
 #include "support/fake_socket.h"
 #include "support/grid_text.h"
@@ -41,7 +42,10 @@ class FakeClipboard : public platform::Clipboard {
   std::string text;
   int clears = 0;
 
-  void Clear() override;
+  void Clear() override {
+    ++clears;
+    text.clear();
+  }
   void SetText(std::string_view utf8) override { text = utf8; }
 };
 
@@ -52,7 +56,9 @@ class FakePrinter : public platform::Printer {
   };
   std::vector<Job> jobs;
 
-  void Print(const platform::Grid& grid, std::string_view title) override;
+  void Print(const platform::Grid& grid, std::string_view title) override {
+    jobs.push_back({std::string(title), grid.AllText()});
+  }
 };
 
 class FakeSound : public platform::Sound {
@@ -64,15 +70,14 @@ class FakeSound : public platform::Sound {
 
 class FakeDesktop : public platform::Desktop {
  public:
-  std::vector<std::string>
-      log;  // "shown Caption", "raised Caption", "hidden Caption", "closed Caption"
+  std::vector<std::string> log;  // "shown Caption", and so on
   platform::Control* focus = nullptr;
 
-  void Shown(platform::Window& window) override;
-  void Raised(platform::Window& window) override;
-  void Hidden(platform::Window& window) override;
-  void Closed(platform::Window& window) override;
-  void Focus(platform::Window& window, platform::Control& control) override;
+  void Shown(platform::Window& window) override { log.push_back("shown " + window.caption()); }
+  void Raised(platform::Window& window) override { log.push_back("raised " + window.caption()); }
+  void Hidden(platform::Window& window) override { log.push_back("hidden " + window.caption()); }
+  void Closed(platform::Window& window) override { log.push_back("closed " + window.caption()); }
+  void Focus(platform::Window&, platform::Control& control) override { focus = &control; }
 };
 
 /// Time stands still until `avanzar`; posted tasks wait for `RunPosted` or `avanzar`.

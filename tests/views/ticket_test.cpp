@@ -1,28 +1,17 @@
 #include "views/ticket.h"
 
-#include <gtest/gtest.h>
-#include <limits>
-#include <string>
-
-#include "support/memory_platform.h"
+#include "fixture.h"
 
 namespace {
 
 using platform::Label;
 using platform::Window;
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInf = std::numeric_limits<float>::infinity();
-
-class Ticket : public testing::Test {
+class Ticket : public ViewTest {
  protected:
   Ticket() { ticket.Load(); }
   ~Ticket() override { ticket.Unload(); }
 
-  support::MemoryPlatform outside;
-  store::InstrumentStore store;
-  std::int16_t FaseCierre = 0;
-  views::Form2 tape{outside, FaseCierre};
   views::Ticker2 ticket{outside, store, tape};
 };
 
@@ -36,7 +25,6 @@ TEST_F(Ticket, QuotesAreWrittenAndColouredAgainstTheTextBefore) {
     std::string_view texts, last_colors, day_colors;
   };
   const Case cases[]{
-      {10, 11, 9, 10.5F, 1234, "10.50 5.00% 11.00 9.00 1,234", "11/2", "2/15"},
       {10, 11, 9, 10.5F, 1234, "10.50 5.00% 11.00 9.00 1,234", "11/2", "2/15"},
       {10, 11, 9, 9.5F, 0, "9.50 -5.00% 11.00 9.00 ", "12/4", "4/15"},
       {9.5F, 11, 8, 9.5F, 1, "9.50 0.00% 11.00 8.00 1", "15/4", "2/15"},
@@ -53,11 +41,10 @@ TEST_F(Ticket, QuotesAreWrittenAndColouredAgainstTheTextBefore) {
       {kInf, kInf, 8, 0, -1500, " -100.00%  8 -1,500", "12/2", "4/15"},
   };
   for (const Case& c : cases) {
-    store::Instrumento record;
+    store::Instrumento record = Share("", "", c.last);
     record.Anterior = c.previous;
     record.Maximo = c.max;
     record.Minimo = c.min;
-    record.Ultimo = c.last;
     record.Volumen = c.volume;
     ticket.PintarCotizacion(record);
     std::string texts;
@@ -89,21 +76,26 @@ store::LibroOrdenes BookOf(const Side& buy, const Side& sell) {
   return book;
 }
 
-char Letter(base::Color color) { return "?bg?r??.???????w"[color & 15]; }
+class Books : public Ticket {
+ protected:
+  [[nodiscard]] std::string Bought() const { return Picture(ticket.vc, ticket.pc, ticket.Label5); }
+  [[nodiscard]] std::string Sold() const { return Picture(ticket.vv, ticket.pv, ticket.Label6); }
 
-// "volume@price" of each level, then the backs of price and volume and the text colour of the
-// volume; last the total with its back. "." is the back of a book label at rest.
-std::string Picture(const views::Ticker2::Cinco& volumes, const views::Ticker2::Cinco& prices,
-                    const Label& total) {
-  std::string text;
-  for (std::size_t i = 0; i < volumes.size(); ++i) {
-    text += volumes[i].caption() + '@' + prices[i].caption() + ' ' + Letter(prices[i].back()) +
-            Letter(volumes[i].back()) + Letter(volumes[i].fore());
+  // "volume@price" of each level, then the backs of price and volume and the text colour of the
+  // volume; last the total with its back. "." is the back of a book label at rest.
+  static std::string Picture(const views::Ticker2::Cinco& volumes,
+                             const views::Ticker2::Cinco& prices, const Label& total) {
+    std::string text;
+    for (std::size_t i = 0; i < volumes.size(); ++i) {
+      text += volumes[i].caption() + '@' + prices[i].caption() + ' ' + Letter(prices[i].back()) +
+              Letter(volumes[i].back()) + Letter(volumes[i].fore());
+    }
+    return text + " = " + total.caption() + ' ' + Letter(total.back());
   }
-  return text + " = " + total.caption() + ' ' + Letter(total.back());
-}
+  static char Letter(base::Color color) { return "?bg?r??.???????w"[color & 15]; }
+};
 
-TEST_F(Ticket, BooksAreWrittenWithTheirAverages) {
+TEST_F(Books, AreWrittenWithTheirAverages) {
   struct Case {
     std::string_view what;
     Side buy, sell;
@@ -142,38 +134,34 @@ TEST_F(Ticket, BooksAreWrittenWithTheirAverages) {
        " 1@30 r.w 2@31 b.w 1@31 b.w @ ..w @ ..w = 123  [30.75] r"},
   };
   for (const Case& c : cases) {
-    views::Ticker2 fresh(outside, store, tape);
-    fresh.Load();
+    ticket.Unload();  // and then as new
+    ticket.Load();
+    for (Label* total : {&ticket.Label5, &ticket.Label6}) total->set_back(base::palette::kWhite);
     const store::LibroOrdenes book = BookOf(c.buy, c.sell);
-    fresh.PintarLibro(book, book);
-    EXPECT_EQ(Picture(fresh.vc, fresh.pc, fresh.Label5), c.bought) << c.what;
-    EXPECT_EQ(Picture(fresh.vv, fresh.pv, fresh.Label6), c.sold) << c.what;
-    fresh.Unload();
+    ticket.PintarLibro(book, book);
+    EXPECT_EQ(Bought(), c.bought) << c.what;
+    EXPECT_EQ(Sold(), c.sold) << c.what;
   }
 }
 
-TEST_F(Ticket, WhatCannotBeComparedStaysAsItWas) {
+TEST_F(Books, KeepTheColourOfWhatCannotBeCompared) {
   const store::LibroOrdenes plain = BookOf({{{1, 20}, {1, 10}}}, {{{2, 30}, {1, 40}}});
   ticket.PintarLibro(plain, plain);
   const store::LibroOrdenes odd =
       BookOf({{{1, kNan}, {kNan, 10}, {kInf, 5}}}, {{{1, kInf}, {-kInf, 40}, {0, -kInf}}});
   ticket.PintarLibro(odd, odd);
-  EXPECT_EQ(Picture(ticket.vc, ticket.pc, ticket.Label5),
-            " 1@ r.w @10.00 r.w @5.00 r.w @0.00 ..w @0.00 ..w =   [] g");
-  EXPECT_EQ(Picture(ticket.vv, ticket.pv, ticket.Label6),
-            " 1@ r.w @40.00 b.w @ ..w @0.00 ..w @0.00 ..w =   [] g");
+  EXPECT_EQ(Bought(), " 1@ r.w @10.00 r.w @5.00 r.w @0.00 ..w @0.00 ..w =   [] g");
+  EXPECT_EQ(Sold(), " 1@ r.w @40.00 b.w @ ..w @0.00 ..w @0.00 ..w =   [] g");
 }
 
-TEST_F(Ticket, ABookTellsWhatDiffersFromTheStoredOne) {
+TEST_F(Books, TellWhatDiffersFromTheStoredOne) {
   const store::LibroOrdenes stored =
       BookOf({{{5, 20}, {5, 19}, {5, 18}}}, {{{5, 30}, {5, 31}, {5, 32}}});
   const store::LibroOrdenes come =
       BookOf({{{6, 20}, {4, 20}, {5, 18}, {4, 18}}}, {{{4, 31}, {5, 30}, {6, 33}}});
   ticket.PintarLibro(come, stored);
-  EXPECT_EQ(Picture(ticket.vc, ticket.pc, ticket.Label5),
-            " 6@20 r.w 4@20 rgr 5@18 b.w 4@18 bgr @ ..w = 362  [19.05] g");
-  EXPECT_EQ(Picture(ticket.vv, ticket.pv, ticket.Label6),
-            " 4@31 rgr 5@30 rrw 6@33 bgw @ ..w @ ..w = 472  [31.47] g");
+  EXPECT_EQ(Bought(), " 6@20 r.w 4@20 rgr 5@18 b.w 4@18 bgr @ ..w = 362  [19.05] g");
+  EXPECT_EQ(Sold(), " 4@31 rgr 5@30 rrw 6@33 bgw @ ..w @ ..w = 472  [31.47] g");
 }
 
 class Sizing : public Ticket {
@@ -189,14 +177,19 @@ class Sizing : public Ticket {
     ticket.Clean();
     ticket.Placed({600, 600, kWidth, height}, state, kWidth, height - kFrame);
   }
-  void DoubleClick() { ticket.Label6.DoubleClick(); }
-  // The screen follows the program all the time.
-  void Run(int ms) {
+  // Over so many ms the screen follows the program all the time.
+  void DoubleClick(int ms = 1000) {
+    ticket.Label6.DoubleClick();
     for (; ms > 0; ms -= 10) {
       outside.avanzar(10);
-      Place(ticket.rect().height);
+      Place(height());
     }
   }
+  void DoubleClickUnseen() {
+    ticket.Label6.DoubleClick();
+    outside.avanzar(1000);
+  }
+  [[nodiscard]] int height() const { return ticket.rect().height; }
   [[nodiscard]] int shorter() const { return ticket.Linea_Y1 + 250 + kFrame - 350; }
   [[nodiscard]] int taller() const {
     return ticket.List1.rect().top + ticket.List1.rect().height + 350 + kFrame - 350;
@@ -206,31 +199,26 @@ class Sizing : public Ticket {
 TEST_F(Sizing, ADoubleClickShowsAndHidesTheTradesAtAnyScale) {
   Place(2 * shorter() - kFrame);
   const int small = shorter(), large = taller();
-  ASSERT_GT(small, 1000);
   ASSERT_GT(large, small + 500);
   for (int round = 0; round < 3; ++round) {
-    DoubleClick();
-    Run(100);
-    EXPECT_GT(ticket.rect().height, small);
-    EXPECT_LT(ticket.rect().height, large);
+    DoubleClick(100);
+    EXPECT_TRUE(height() > small && height() < large);
     EXPECT_FALSE(ticket.ReSize1.enabled());
-    DoubleClick();
-    Run(600);
-    EXPECT_EQ(ticket.rect().height, large);
+    DoubleClick(600);
+    EXPECT_EQ(height(), large);
     EXPECT_TRUE(ticket.ReSize1.enabled());
     EXPECT_EQ(ticket.Label7.caption(), round == 0 ? "Comp" : "");
     ticket.Label7.set_caption("");
-    DoubleClick();
-    Run(600);
-    EXPECT_EQ(ticket.rect().height, small);
+    DoubleClick(600);
+    EXPECT_EQ(height(), small);
     EXPECT_EQ(taller(), large);
   }
 }
 
 TEST_F(Sizing, TheScreenMayFollowLate) {
   const int large = taller();
-  DoubleClick();
-  for (int n = 0; n < 1000 && ticket.rect().height != large; ++n) outside.avanzar(1);
+  DoubleClick(0);
+  for (int n = 0; n < 1000 && height() != large; ++n) outside.avanzar(1);
   outside.avanzar(40);
   Place(large);
   EXPECT_EQ(taller(), large);
@@ -239,47 +227,39 @@ TEST_F(Sizing, TheScreenMayFollowLate) {
 }
 
 TEST_F(Sizing, NothingStopsTheNextDoubleClickFromDoingTheOtherThing) {
-  // The window takes none of the heights.
-  DoubleClick();
-  outside.avanzar(1000);
+  DoubleClickUnseen();  // the window takes none of the heights
   Place(shorter());
   const int large = taller();
-  DoubleClick();
-  outside.avanzar(1000);
-  EXPECT_EQ(ticket.rect().height, shorter());
-  DoubleClick();
-  outside.avanzar(1000);
-  EXPECT_EQ(ticket.rect().height, large);
+  DoubleClickUnseen();
+  EXPECT_EQ(height(), shorter());
+  DoubleClickUnseen();
+  EXPECT_EQ(height(), large);
 }
 
 TEST_F(Sizing, AMaximisedWindowIsRestoredAndAMinimisedOneStaysAsItIs) {
   const int small = shorter(), large = taller();
   Place(100, Window::State::minimized);
-  DoubleClick();
-  outside.avanzar(1000);
-  EXPECT_EQ(ticket.rect().height, 100);
+  DoubleClickUnseen();
+  EXPECT_EQ(height(), 100);
   Place(9000, Window::State::maximized);
-  DoubleClick();
+  DoubleClick(0);
   EXPECT_EQ(ticket.state(), Window::State::normal);
   Place(small);
-  Run(1000);
-  EXPECT_EQ(ticket.rect().height, large);
+  DoubleClick();
+  EXPECT_EQ(height(), large);
   // In the middle it stops there, and restored it is as it was.
   for (const Window::State state : {Window::State::maximized, Window::State::minimized}) {
     DoubleClick();
-    Run(1000);
-    EXPECT_EQ(ticket.rect().height, small);
-    DoubleClick();
-    Run(100);
-    const int between = ticket.rect().height;
+    EXPECT_EQ(height(), small);
+    DoubleClick(100);
+    const int between = height();
     Place(state == Window::State::maximized ? 9000 : between, state);
     outside.avanzar(1000);
     EXPECT_TRUE(ticket.ReSize1.enabled());
     Place(between);
     EXPECT_EQ(taller(), large);
     DoubleClick();
-    Run(1000);
-    EXPECT_EQ(ticket.rect().height, large);
+    EXPECT_EQ(height(), large);
   }
 }
 
