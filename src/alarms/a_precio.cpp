@@ -1,5 +1,7 @@
 #include "alarms/a_precio.h"
 
+#include <utility>
+
 #include "base/ansi.h"
 #include "base/text.h"
 #include "base/val.h"
@@ -8,11 +10,13 @@ namespace alarms {
 namespace {
 
 constexpr std::size_t kCodigoCorto = 6;  // characters that still wait for more
+constexpr std::size_t kMaxSugerencias = 8;
 
 }  // namespace
 
-APrecio::APrecio(platform::Platform& platform, AlarmTable& table, FormAlarm& list)
-    : Window(platform), table_(table), list_(list) {
+APrecio::APrecio(platform::Platform& platform, const store::InstrumentStore& store,
+                 AlarmTable& table, FormAlarm& list)
+    : Window(platform), store_(store), table_(table), list_(list) {
   set_caption(" Definir Alarmas");
   PrepararControles();
   Text1.on_change = [this] { Text1_Change(); };
@@ -63,8 +67,28 @@ void APrecio::Text1_Change() {
   SetFocus(Text2);
 }
 
-bool APrecio::Aceptar() {
-  const float value = base::ValFloat(Text2.text()).value_or(0);
+std::vector<APrecio::Sugerencia> APrecio::Sugerencias(std::string_view text) const {
+  const std::string wanted = base::UpperAnsi(base::Utf8ToAnsi(base::Trim(text)));
+  std::vector<Sugerencia> by_code, by_name;
+  if (wanted.empty()) return by_code;
+  for (int i = 1; i <= store_.NumInstrumentos() && by_code.size() < kMaxSugerencias; ++i) {
+    const store::Instrumento& record = store_.Instrumentos(i);
+    if (record.Nombre.trimmed().empty()) continue;
+    const bool code = base::UpperAnsi(record.Codigo.trimmed()).starts_with(wanted);
+    if (!code && (by_name.size() == kMaxSugerencias ||
+                  base::Find(base::UpperAnsi(record.Nombre.trimmed()), wanted) == 0)) {
+      continue;
+    }
+    (code ? by_code : by_name)
+        .push_back({record.Codigo.trimmed_utf8(), base::OneLine(record.Nombre.trimmed_utf8())});
+  }
+  for (Sugerencia& each : by_name) {
+    if (by_code.size() < kMaxSugerencias) by_code.push_back(std::move(each));
+  }
+  return by_code;
+}
+
+bool APrecio::Aceptar(float value) {
   return value > 0 && table_.Agregar({
                           .AlarmaCodigo = store::Codigo::FromUtf8(base::UpperUtf8(Text1.text())),
                           .AlarmaValor = value,
@@ -77,10 +101,13 @@ bool APrecio::Aceptar() {
 }
 
 void APrecio::Command1_Click() {
-  if (Aceptar()) {
+  const float value = base::ValFloat(Text2.text()).value_or(0);
+  if (Aceptar(value)) {
     list_.AgregarUltima();
     table_.GuardarAlarmas();
     Unload();
+  } else if (!(value > 0)) {
+    SetFocus(Text2);
   }
   tipo = 0;
 }

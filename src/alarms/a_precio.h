@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "alarms/alarm_table.h"
 #include "alarms/form_alarm.h"
 #include "platform/controls.h"
 #include "platform/window.h"
+#include "store/instrument_store.h"
 
 namespace alarms {
 
@@ -13,7 +17,8 @@ namespace alarms {
 /// knows never fires. What the constructor takes outlives it.
 class APrecio : public platform::Window {
  public:
-  APrecio(platform::Platform& platform, AlarmTable& table, FormAlarm& list);
+  APrecio(platform::Platform& platform, const store::InstrumentStore& store, AlarmTable& table,
+          FormAlarm& list);
 
   platform::TextBox Text1, Text2, Text3;    // code, threshold, order
   platform::Label Label5;                   // "Precio" or "Volumen", in front of Text2
@@ -23,8 +28,15 @@ class APrecio : public platform::Window {
   std::int16_t tipo = 0;                    // kind of the next alarm; set before it is shown
 
   void Text1_Change();
-  /// Adds and saves the alarm and unloads. With a threshold that isn't above 0, or with the table
-  /// full, the dialog stays. Either way `tipo` is 0 then.
+  struct Sugerencia {
+    std::string codigo, nombre;  // UTF-8, without the blanks at their ends
+  };
+  /// At most 8 instruments with a name for what has been typed: first those whose code begins with
+  /// `text`, then those whose name contains it, each in the order of the market. Capitals or not is
+  /// the same; blanks at the ends of `text` don't count, and without more there is nothing.
+  [[nodiscard]] std::vector<Sugerencia> Sugerencias(std::string_view text) const;
+  /// Adds and saves the alarm and unloads. With a threshold that isn't above 0, which then has the
+  /// focus, or with the table full, the dialog stays. Either way `tipo` is 0 then.
   void Command1_Click();
   void Command2_Click();
 
@@ -34,8 +46,9 @@ class APrecio : public platform::Window {
 
  private:
   void PrepararControles();
-  bool Aceptar();
+  bool Aceptar(float value);
 
+  const store::InstrumentStore& store_;
   AlarmTable& table_;
   FormAlarm& list_;
 };

@@ -20,7 +20,7 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       Alarmas(directory_),
       FormAlarm(platform, Alarmas, MDI.FaseCierre),
       ListAlarm(platform, MDI.FaseCierre),
-      APrecio(platform, Alarmas, FormAlarm),
+      APrecio(platform, store, Alarmas, FormAlarm),
       stop_(*this) {
   JoinMainWindow();
   JoinPipeline();

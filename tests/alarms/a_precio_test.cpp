@@ -1,5 +1,7 @@
 #include "alarms/a_precio.h"
 
+#include <utility>
+
 #include "fixture.h"
 
 namespace {
@@ -50,6 +52,7 @@ TEST_F(APrecio, StaysWithARefusedThresholdAndThenStoresNoKind) {
     Open(4);
     Accept("TEF", value, "");
     EXPECT_TRUE(dialog.visible() && dialog.tipo == 0 && table.NumAlarmas() == 0) << value;
+    EXPECT_EQ(std::exchange(outside.desktop().focus, nullptr), &dialog.Text2) << value;
   }
   EXPECT_FALSE(dir.Has("Al.Set"));
   Accept("TEF", "1,664.5", "");
@@ -67,11 +70,37 @@ TEST_F(APrecio, CapitalisesALongCodeAndGoesOn) {
   EXPECT_EQ(outside.desktop().focus, &dialog.Text2);
 }
 
+TEST_F(APrecio, SuggestsNamedInstrumentsByCodeAndThenByName) {
+  const auto add = [this](std::string_view code, std::string_view name) {
+    ASSERT_GT(store.AgregarSinDatos(store::Codigo::FromUtf8(code), base::Utf8ToAnsi(name)), 0);
+  };
+  add("ACE", "Acerías Tazo");
+  add("TAZ", "ASTILLEROS TAZO");
+  add("TAZX", "");
+  add("ÑU", "Cañas");
+  add("tad", "OTRA");
+  const auto all = [this](std::string_view text) {
+    std::string found;
+    for (const auto& [code, name] : dialog.Sugerencias(text)) found += code + '=' + name + '|';
+    return found;
+  };
+  EXPECT_EQ(all(" ta "), "TAZ=ASTILLEROS TAZO|tad=OTRA|ACE=Acerías Tazo|");
+  EXPECT_EQ(all("ñ"), "ÑU=Cañas|");
+  EXPECT_EQ(all("CERÍ"), "ACE=Acerías Tazo|");
+  EXPECT_EQ(all("  ") + all("") + all("zzz"), "");
+  for (int i = 0; i < 20; ++i) add("B" + std::to_string(i), "TAZA");
+  EXPECT_EQ(dialog.Sugerencias("TAZ").size(), 8U);
+  EXPECT_EQ(dialog.Sugerencias("TAZ").at(0).codigo, "TAZ");
+  add("TAZA", "DETRÁS");
+  EXPECT_EQ(dialog.Sugerencias("TAZ").at(1).codigo, "TAZA") << "a code behind names";
+}
+
 TEST_F(APrecio, RefusesWhatTheTableCannotHold) {
   for (int i = 0; i < alarms::kMaxAlarmas; ++i) Define(Alarm(i < 499 ? "A" : "Z", 1));
   Open(1);
   Accept("TEF", "1", "");
   EXPECT_TRUE(dialog.visible() && dialog.tipo == 0 && table.NumAlarmas() == 500);
+  EXPECT_EQ(outside.desktop().focus, nullptr) << "not for its threshold";
   Arrive(Quote("Z", 1));
   EXPECT_EQ(form.List1.items().at(499), "500 * Z     1 vender");
 }

@@ -53,5 +53,6 @@ class AlarmTest : public testing::Test {
   alarms::AlarmTable table{program};
   alarms::FormAlarm form{outside, table, fase_cierre};
   alarms::ListAlarm fired{outside, fase_cierre};
-  alarms::APrecio dialog{outside, table, form};
+  store::InstrumentStore store;
+  alarms::APrecio dialog{outside, store, table, form};
 };

@@ -1,9 +1,12 @@
 #include "qt/look/alarm_looks.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDialog>
 #include <QGridLayout>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 #include "qt/look/binders.h"
@@ -16,7 +19,7 @@
 namespace qt {
 namespace {
 
-constexpr int kMargin = 20;
+constexpr int kMargin = 20, kCode = Qt::UserRole;
 
 QPushButton* AddButton(QHBoxLayout& row, platform::Button& button, Binders& binders) {
   auto* widget = new QPushButton;
@@ -50,6 +53,38 @@ QString WithMnemonic(std::string_view text, QChar letter) {
   QString caption = Text(text);
   const qsizetype at = caption.indexOf(letter);
   return at < 0 ? caption : caption.insert(at, u'&');
+}
+
+/// Shows what fits to the code that is being typed, and puts in the code alone.
+void Suggest(alarms::APrecio& window, QLineEdit& field, Binders& binders) {
+  auto* lines = new QStandardItemModel(&field);
+  auto* completer = new QCompleter(lines, &field);
+  completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+  completer->setCompletionRole(kCode);
+  completer->setMaxVisibleItems(8);
+  completer->setWidget(&field);
+  QObject::connect(&field, &QLineEdit::textEdited, binders.context(),
+                   [&window, &field, lines, completer](const QString& text) {
+                     lines->clear();
+                     for (const auto& [code, name] : window.Sugerencias(text.toStdString())) {
+                       auto* line = new QStandardItem(Text(code + "   " + name));
+                       line->setData(Text(code), kCode);
+                       lines->appendRow(line);
+                     }
+                     // A code of full length has led to the next field.
+                     if (lines->rowCount() > 0 && field.hasFocus()) {
+                       completer->complete();
+                       // Enter takes a line only once the user has gone to it.
+                       completer->popup()->setCurrentIndex({});
+                     } else {
+                       completer->popup()->hide();
+                     }
+                   });
+  QObject::connect(completer, qOverload<const QString&>(&QCompleter::activated), binders.context(),
+                   [&window, &field](const QString& code) {
+                     field.setText(code);
+                     window.Text1.set_text(code.toStdString());
+                   });
 }
 
 /// A bell and a text on red.
@@ -117,8 +152,11 @@ Look MakeAlarmLook(alarms::APrecio& window, FrameClock& clock) {
   };
   auto* code = AddField(*form, 0, label(window.Text1.label(), u'o'), window.Text1, *binders);
   auto* kind = label({}, {});
-  AddField(*form, 1, kind, window.Text2, *binders);
-  binders->Follow(window.Label5, *kind, [&window, kind] {
+  Suggest(window, *code, *binders);
+  auto* value = AddField(*form, 1, kind, window.Text2, *binders);
+  binders->Follow(window.Label5, *kind, [&window, kind, value] {
+    const bool price = window.Option2.enabled();
+    value->setPlaceholderText(price ? QStringLiteral("12.50") : QStringLiteral("100000"));
     const std::string& caption = window.Label5.caption();
     kind->setText(WithMnemonic(caption, caption.empty() ? QChar() : QChar(caption.front())));
   });

@@ -81,12 +81,12 @@ void CellText::Elide(double width) {
 }
 
 void CellText::Draw(QPainter& painter, const QRectF& place, std::string_view utf8,
-                    platform::Align align) {
+                    platform::Align align, Fit fit) {
   if (!Lay(utf8)) return DrawShaped(painter, place, utf8, align);
   if (glyphs_.empty()) return;
   const double room = place.width();
-  // Rather narrower than cut.
-  const double squeeze = end_ > room && end_ * kNarrowest <= room ? room / end_ : 1;
+  const bool narrow = fit == Fit::narrow && end_ > room && end_ * kNarrowest <= room;
+  const double squeeze = narrow ? room / end_ : 1;
   const bool fits = end_ * squeeze <= room;
   if (!fits) Elide(room);
   double left = place.left();

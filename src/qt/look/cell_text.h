@@ -15,14 +15,17 @@
 namespace qt {
 
 /// Draws one-line texts of a font fast: glyphs and widths of the western characters are looked up
-/// once and texts are not shaped. A text with other characters takes Qt's own road. What
-/// is a little too wide is drawn narrower, what is wider yet ends in "…". The pen of the painter
-/// holds.
+/// once and texts are not shaped. A text with other characters takes Qt's own road. What is too
+/// wide ends in "…"; where `Fit::narrow` allows it, what is only a little too wide is drawn
+/// narrower instead. The pen of the painter holds.
 class CellText {
  public:
+  enum class Fit { narrow, elide };
+
   explicit CellText(const QFont& font);
 
-  void Draw(QPainter& painter, const QRectF& place, std::string_view utf8, platform::Align align);
+  void Draw(QPainter& painter, const QRectF& place, std::string_view utf8, platform::Align align,
+            Fit fit = Fit::narrow);
   [[nodiscard]] double WidthOf(std::string_view utf8);
   [[nodiscard]] double height() const { return metrics_.height(); }
   [[nodiscard]] const QFont& font() const { return font_; }

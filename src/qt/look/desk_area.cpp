@@ -37,7 +37,7 @@ void DeskArea::paintEvent(QPaintEvent* event) {
   line(-12, TitleFont(), Mix(tone::kGround, tone::kText, 0.55), QStringLiteral("Cotirama Brizna"));
   line(28, TextFont(), Mix(tone::kGround, tone::kMuted, 0.75),
        QStringLiteral(
-           "Pulse la luz de sesión para conectarse; el menú Instrumentos abre el mercado"));
+           "El menú Instrumentos abre el mercado; la luz de sesión conecta y desconecta"));
 }
 
 }  // namespace qt

@@ -73,7 +73,7 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (!text.empty()) {
     const QRectF place = QRectF(cell).adjusted(padding(), 0, -padding(), 0);
     DrawReadable(*painter, ColorOf(grid_.fore(row, col)), back,
-                 [&] { TextOf(col).Draw(*painter, place, text, grid_.align(col)); });
+                 [&] { TextOf(col).Draw(*painter, place, text, grid_.align(col), fit()); });
   }
   if (index.row() == current_row_) DrawCurrent(*painter, cell, col);
 }

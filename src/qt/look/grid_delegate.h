@@ -38,6 +38,10 @@ class GridDelegate : public QAbstractItemDelegate {
   void DrawLines(QPainter& painter, const QRect& cell, const QColor& back) const;
   void DrawCurrent(QPainter& painter, const QRect& cell, int col) const;
   [[nodiscard]] CellText& TextOf(int col) const { return col == 0 && !tape_ ? name_ : text_; }
+  // One size of type down a column that is read line by line.
+  [[nodiscard]] CellText::Fit fit() const {
+    return tape_ ? CellText::Fit::elide : CellText::Fit::narrow;
+  }
   [[nodiscard]] int padding() const { return tape_ ? kTapePadding : kPadding; }
 
   const platform::Grid& grid_;

@@ -1,6 +1,7 @@
 #include "qt/look/grid_widget.h"
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,6 +25,7 @@ namespace {
 
 // What the grid takes, and the least that keys leave.
 constexpr int kWidestTwips = 15000, kLeastByKey = ToTwips(20);
+constexpr std::chrono::milliseconds kHold{500};
 
 }  // namespace
 
@@ -66,6 +68,18 @@ void GridWidget::ReadAsTape(const QString& empty) {
   header_->setSectionsMovable(false);
   header_->set_padding(GridDelegate::kTapePadding);
   delegate_->DrawAsTape();
+  hold_.setSingleShot(true);
+  hold_.setInterval(kHold);
+  connect(&hold_, &QTimer::timeout, this, [this] {
+    if (!verticalScrollBar()->isSliderDown()) LetGo();
+  });
+  connect(verticalScrollBar(), &QScrollBar::sliderPressed, this, [this] { HoldUnless(AtEnd()); });
+  connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, [this] { HoldUnless(AtEnd()); });
+}
+
+void GridWidget::Fill(int col) {
+  filling_ = col;
+  FollowWidths();
 }
 
 void GridWidget::Drop() {
@@ -77,6 +91,8 @@ void GridWidget::Drop() {
   header_->on_move = nullptr;
   header_->on_resize = nullptr;
   on_menu = nullptr;
+  hold_.stop();
+  held_ = false;
   grid_ = nullptr;
 }
 
@@ -95,8 +111,16 @@ void GridWidget::JoinHeader() {
     if (grid_->on_double_click) grid_->on_double_click();
   };
   header_->on_move = [this](int from, int to) { MoveColumn(from, to); };
-  header_->on_resize = [this](int col, int width) { grid_->set_width(col, ToTwips(width)); };
+  header_->on_resize = [this](int col, int width) {
+    dragging_ = true;
+    grid_->set_width(col, ToTwips(width));
+  };
   header_->on_resized = [this] {
+    dragging_ = false;
+    // Not at once: the heading still takes what changes for the user's doing.
+    QTimer::singleShot(0, this, [this] {
+      if (grid_) FollowWidths();
+    });
     if (grid_->on_after_user_resize) grid_->on_after_user_resize();
   };
   connect(header_, &QHeaderView::sectionHandleDoubleClicked, this, [this](int col) {
@@ -136,8 +160,12 @@ void GridWidget::FollowLook() {
 }
 
 void GridWidget::FollowWidths() {
+  int room = viewport()->width();
+  for (int col = 0; col < model_->columnCount(); ++col) room -= ToPixels(grid_->width(col));
   for (int col = 0; col < model_->columnCount(); ++col) {
-    const int width = ToPixels(grid_->width(col));
+    // Under the mouse that drags a boundary nothing else moves.
+    if (col == filling_ && dragging_) continue;
+    const int width = ToPixels(grid_->width(col)) + (col == filling_ ? std::max(room, 0) : 0);
     if (header_->sectionSize(col) != width) header_->resizeSection(col, width);
   }
 }
@@ -146,7 +174,7 @@ void GridWidget::FollowWidths() {
 void GridWidget::FollowCurrent() {
   const QModelIndex current = currentIndex();
   int row = grid_->row() - 1;
-  const bool read_elsewhere = tape_ && !AtEnd();
+  const bool read_elsewhere = tape_ && (held_ || !AtEnd());
   if (row < 0 || read_elsewhere) row = current.isValid() ? current.row() : 0;
   const QModelIndex wanted = model_->index(row, grid_->col());
   if (wanted == current || !wanted.isValid()) return;
@@ -165,14 +193,33 @@ bool GridWidget::AtEnd() const {
 }
 
 // At the end the last row counts as the top one, however many rows the view shows above it.
-void GridWidget::UserScrolled(int value) {
-  if (following_ || !grid_) return;
-  grid_->set_top_row(AtEnd() ? grid_->rows() - 1 : value + 1);
+void GridWidget::TellTopRow() {
+  grid_->set_top_row(AtEnd() ? grid_->rows() - 1 : verticalScrollBar()->value() + 1);
   top_seen_ = grid_->top_row();
 }
 
+void GridWidget::UserScrolled() {
+  if (following_ || !grid_) return;
+  TellTopRow();
+  HoldUnless(AtEnd());
+}
+
+// Rows that come would pull the view back between two turns of the wheel. Who has reached the end
+// wants to see them.
+void GridWidget::HoldUnless(bool at_end) {
+  if (!tape_ || !grid_) return;
+  if (at_end) return LetGo();
+  held_ = true;
+  hold_.start();
+}
+
+void GridWidget::LetGo() {
+  hold_.stop();
+  if (std::exchange(held_, false)) TellTopRow();
+}
+
 void GridWidget::FollowTopRow() {
-  if (grid_->top_row() == top_seen_) return;
+  if (held_ || grid_->top_row() == top_seen_) return;
   top_seen_ = grid_->top_row();
   verticalScrollBar()->setValue(std::max(top_seen_ - 1, 0));
 }
@@ -181,7 +228,7 @@ void GridWidget::updateGeometries() {
   const QScopedValueRollback<bool> guard(following_, true);
   QTableView::updateGeometries();
   // There may be room now to scroll the top row higher.
-  if (top_seen_ > 0) verticalScrollBar()->setValue(top_seen_ - 1);
+  if (top_seen_ > 0 && !held_) verticalScrollBar()->setValue(top_seen_ - 1);
 }
 
 void GridWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -290,8 +337,12 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   } else if (plain && event->key() == Qt::Key_End) {
     setCurrentIndex(model_->index(model_->rowCount() - 1, currentIndex().column()));
     scrollToBottom();
+    LetGo();
   } else {
     QTableView::keyPressEvent(event);
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+      HoldUnless(currentIndex().row() == model_->rowCount() - 1);
+    }
   }
   const QModelIndex now = currentIndex();
   if (now.row() == before || !now.isValid()) return;
@@ -304,6 +355,17 @@ void GridWidget::keyReleaseEvent(QKeyEvent* event) {
   QTableView::keyReleaseEvent(event);
   if (event->isAutoRepeat() || !std::exchange(widened_, false)) return;
   if (grid_ && grid_->on_after_user_resize) grid_->on_after_user_resize();
+}
+
+// Also the parts of a step that don't move the view yet.
+void GridWidget::wheelEvent(QWheelEvent* event) {
+  QTableView::wheelEvent(event);
+  if (event->angleDelta().y() != 0) HoldUnless(AtEnd());
+}
+
+void GridWidget::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  if (grid_ && filling_ >= 0) FollowWidths();
 }
 
 void GridWidget::mouseMoveEvent(QMouseEvent* event) {
@@ -369,7 +431,10 @@ void GridWidget::FillMenu(QMenu& menu) {
 
 bool GridWidget::viewportEvent(QEvent* event) {
   if (!grid_) return QTableView::viewportEvent(event);
-  if (event->type() == QEvent::Leave) {
+  if (event->type() == QEvent::Enter) {
+    // The codes are asked for while a dialog waits for one.
+    window()->setAttribute(Qt::WA_AlwaysShowToolTips);
+  } else if (event->type() == QEvent::Leave) {
     SetHover(-1);
     PointAt(-1, -1);
   } else if (event->type() == QEvent::ToolTip) {

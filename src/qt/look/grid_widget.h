@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QTableView>
+#include <QTimer>
 
 #include "platform/grid.h"
 #include "qt/look/grid_delegate.h"
@@ -30,8 +31,13 @@ class GridWidget : public QTableView {
 
   /// For rows that come in the order of time. Columns stay in their places; several rows can be
   /// chosen, and Ctrl+C copies them, cells parted by TAB; while the user has scrolled away from the
-  /// end, his current row is left to him. `empty` stands where there are no rows.
+  /// end, his current row is left to him. While he scrolls, and half a second longer, the screen is
+  /// his alone; then the grid gets the top row that he left. `empty` stands where there are no
+  /// rows.
   void ReadAsTape(const QString& empty);
+
+  /// Shows a column wider than its grid has it, by what room is left beside the last one.
+  void Fill(int col);
 
   /// Fills the menu that the right button and the menu key open.
   std::function<void(QMenu&)> on_menu;
@@ -40,6 +46,8 @@ class GridWidget : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -62,7 +70,10 @@ class GridWidget : public QTableView {
   void PointAt(int row, int col);
   void MoveColumn(int from, int to);
   void Widen(int px);
-  void UserScrolled(int value);
+  void UserScrolled();
+  void TellTopRow();
+  void HoldUnless(bool at_end);
+  void LetGo();
   void ScrollPage(QAbstractSlider::SliderAction step);
   void CopyRows() const;
   void FillMenu(QMenu& menu);
@@ -78,8 +89,12 @@ class GridWidget : public QTableView {
   QPointer<QMenu> menu_;  // while it is open
   int hover_ = -1;
   int top_seen_ = 0;
+  int filling_ = -1;  // the column that takes the room left
   bool tape_ = false;
   QString empty_text_;
+  QTimer hold_;             // runs out some time after the user's last scrolling
+  bool held_ = false;       // the user scrolls
+  bool dragging_ = false;   // a boundary of columns
   bool widened_ = false;    // by a key that is still down
   bool following_ = false;  // the model moves the screen, not the user
 };

@@ -1,7 +1,11 @@
 #include "qt/look/list_widget.h"
 
+#include <algorithm>
+#include <array>
+
 #include <QFontDatabase>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -28,7 +32,7 @@ class LineDelegate : public QStyledItemDelegate {
       const double share = option.state.testFlag(QStyle::State_Active) ? 0.42 : 0.28;
       painter->fillRect(option.rect, Mix(tone::kGround, tone::kAccent, share));
     }
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
+    if (lit && option.state.testFlag(QStyle::State_HasFocus)) {
       painter->setPen(tone::kAccent);
       painter->setBrush(Qt::NoBrush);
       painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
@@ -151,6 +155,16 @@ void ListWidget::selectionChanged(const QItemSelection& selected,
 QItemSelectionModel::SelectionFlags ListWidget::selectionCommand(const QModelIndex& index,
                                                                  const QEvent*) const {
   return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+// The view makes the first line current as it gets the focus, and would step past it.
+void ListWidget::keyPressEvent(QKeyEvent* event) {
+  constexpr std::array kSteps{Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp,
+                              Qt::Key_Home};
+  if (std::ranges::find(kSteps, event->key()) == kSteps.end() || selectionModel()->hasSelection()) {
+    return QListView::keyPressEvent(event);
+  }
+  selectionModel()->setCurrentIndex(lines_->index(0), QItemSelectionModel::ClearAndSelect);
 }
 
 void ListWidget::mousePressEvent(QMouseEvent* event) {

@@ -11,6 +11,7 @@ Look MakeTapeLook(views::Form2& window, FrameClock& clock) {
   tape->setMinimumSize(240, 160);
   auto* list = new GridWidget(window.List1, tape);
   list->ReadAsTape(QStringLiteral("Sin negociaciones todavía"));
+  list->Fill(views::Form2::kInstrumento);
   list->setAccessibleName(Text(window.caption()));
   auto binders = std::make_shared<Binders>(*tape, clock);
   binders->PlaceByModels();

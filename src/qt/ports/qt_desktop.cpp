@@ -7,6 +7,14 @@
 #include "platform/window_list.h"
 
 namespace qt {
+namespace {
+
+// What locks the others must not get lost behind one of them.
+void RaiseBox() {
+  if (QWidget* box = QApplication::activeModalWidget()) box->raise();
+}
+
+}  // namespace
 
 QtDesktop::QtDesktop(const Looks& looks, const platform::WindowList& windows)
     : looks_(looks), windows_(windows) {}
@@ -33,38 +41,66 @@ WindowFrame* QtDesktop::Make(platform::Window& window) {
     const WindowFrame* main = Make(windows_.at(0));
     area = main ? main->look().area : nullptr;
   }
-  const bool is_main = look->place == Place::main;
   auto frame = std::make_unique<WindowFrame>(window, std::move(*look), clock_, area);
-  if (is_main) {
-    frame->on_activated = [this] {
-      for (const auto& [other, dialog] : frames_) {
-        if (dialog->look().place == Place::dialog) dialog->Raise();
-      }
-    };
+  if (frame->look().place == Place::main) {
+    frame->on_lifted = [this] { RaiseDialogs(); };
+  } else if (frame->look().place == Place::dialog) {
+    frame->on_lifted = [this, lifted = frame.get()] { PutOnTop(*lifted); };
   }
   return (frames_[&window] = std::move(frame)).get();
 }
 
+void QtDesktop::PutOnTop(WindowFrame& frame) {
+  if (frame.look().place != Place::dialog) return;
+  std::erase(dialogs_, &frame);
+  dialogs_.push_back(&frame);
+}
+
+void QtDesktop::RaiseDialogs() {
+  for (WindowFrame* dialog : dialogs_) dialog->Raise();
+  RaiseBox();
+}
+
 void QtDesktop::Shown(platform::Window& window) {
-  if (WindowFrame* frame = Make(window)) frame->Show(MainWidget());
+  WindowFrame* frame = Make(window);
+  if (!frame) return;
+  frame->Show(MainWidget());
+  PutOnTop(*frame);
+  // To activate a child lifts the main window, even one that is active.
+  RaiseDialogs();
 }
 
 void QtDesktop::Raised(platform::Window& window) {
-  if (WindowFrame* frame = Make(window)) frame->ShowQuietly(MainWidget());
-  // What locks the others must not get lost behind one of them.
-  if (QWidget* box = QApplication::activeModalWidget()) box->raise();
+  WindowFrame* frame = Make(window);
+  if (!frame) return;
+  frame->ShowQuietly(MainWidget());
+  PutOnTop(*frame);
+  RaiseBox();
 }
 
 void QtDesktop::Hidden(platform::Window& window) {
   if (WindowFrame* frame = FrameOf(window)) frame->Hide();
 }
 
-void QtDesktop::Closed(platform::Window& window) { frames_.erase(&window); }
-
-void QtDesktop::Focus(platform::Window& window, platform::Control& control) {
-  if (WindowFrame* frame = FrameOf(window)) frame->Focus(control);
+void QtDesktop::Closed(platform::Window& window) {
+  std::erase(dialogs_, FrameOf(window));
+  // Gone from here before its end gives the keyboard to another.
+  (void)frames_.extract(&window);
 }
 
-void QtDesktop::Clear() { frames_.clear(); }
+void QtDesktop::Focus(platform::Window& window, platform::Control& control) {
+  WindowFrame* frame = FrameOf(window);
+  if (!frame) return;
+  frame->Focus(control);
+  PutOnTop(*frame);
+  RaiseDialogs();
+}
+
+void QtDesktop::Clear() {
+  while (!frames_.empty()) {
+    std::erase(dialogs_, frames_.begin()->second.get());
+    (void)frames_.extract(frames_.begin());
+  }
+}
 
 }  // namespace qt

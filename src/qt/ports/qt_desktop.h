@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/ports.h"
 #include "qt/ports/frame_clock.h"
@@ -35,12 +36,15 @@ class QtDesktop : public platform::Desktop {
 
  private:
   WindowFrame* Make(platform::Window& window);
+  void PutOnTop(WindowFrame& frame);
+  void RaiseDialogs();
   [[nodiscard]] const QWidget* MainWidget() const;
 
   const Looks& looks_;
   const platform::WindowList& windows_;
   FrameClock clock_;
   std::unordered_map<const platform::Window*, std::unique_ptr<WindowFrame>> frames_;
+  std::vector<WindowFrame*> dialogs_;  // the topmost last
 };
 
 }  // namespace qt

@@ -6,8 +6,11 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QToolTip>
+#include <QWindow>
 
 #include "qt/ports/twips.h"
 
@@ -88,6 +91,19 @@ bool AsksToClose(const QKeyEvent& key, Place place) {
   return place == Place::child && key.keyCombination() == (Qt::CTRL | Qt::Key_F4);
 }
 
+// Room for what the window manager adds to a window.
+constexpr QSize kAdded(16, 48);
+
+/// Moves `place` below `other`, or above it where there is no room, if it would lie over that.
+void StepAside(QRect& place, const QRect& other, const QRect& screen) {
+  if (!place.intersects(other)) return;
+  if (other.bottom() + kAdded.height() + place.height() <= screen.bottom()) {
+    place.moveTop(other.bottom() + kAdded.height());
+  } else if (other.top() - kAdded.height() - place.height() >= screen.top()) {
+    place.moveBottom(other.top() - kAdded.height());
+  }
+}
+
 bool HasSize(const platform::Rect& rect) { return rect.width > 0 && rect.height > 0; }
 
 }  // namespace
@@ -125,7 +141,7 @@ WindowFrame::~WindowFrame() {
   look_.bond.reset();
   if (!outer_) return;
   outer_->removeEventFilter(this);
-  outer_->hide();
+  HideOuter();
   outer_->deleteLater();
 }
 
@@ -157,6 +173,10 @@ void WindowFrame::MakeVisible(const QWidget* over) {
   FitIntoArea();
   Apply();
   if (!placed && !area_) Centre(over);
+  // A hidden window of its own may have been moved by the window manager.
+  if (!area_ && !outer_->isVisible() && state == State::normal && HasSize(window_.rect())) {
+    ApplyPlace(window_.rect());
+  }
   outer_->setWindowState((outer_->windowState() & Qt::WindowActive) | FlagOf(state));
   outer_->show();
   showing_ = false;
@@ -176,15 +196,30 @@ void WindowFrame::FitIntoArea() {
 void WindowFrame::Centre(const QWidget* over) {
   const QRect screen = outer_->screen()->availableGeometry();
   if (look_.place == Place::dialog) outer_->adjustSize();
-  // Room for what the window manager adds.
-  constexpr QSize kFrame(16, 48);
-  outer_->resize(outer_->size().boundedTo(screen.size() - kFrame));
+  outer_->resize(outer_->size().boundedTo(screen.size() - kAdded));
   const QRect below = over ? over->geometry() : screen;
-  outer_->move(below.center() - outer_->rect().center());
+  QRect place(below.center() - outer_->rect().center(), outer_->size());
+  for (const QWidget* other : QApplication::topLevelWidgets()) {
+    if (other == outer_ || other == over || !other->isVisible() || !other->isWindow()) continue;
+    StepAside(place, other->geometry(), screen);
+  }
+  outer_->move(place.topLeft());
 }
 
 void WindowFrame::Hide() {
-  if (outer_) outer_->hide();
+  if (outer_) HideOuter();
+}
+
+// An area leaves the keyboard to nobody when its active window hides.
+void WindowFrame::HideOuter() {
+  const bool was_current = area_ && area_->currentSubWindow() == outer_;
+  outer_->hide();
+  if (!was_current) return;
+  const QList<QMdiSubWindow*> others = area_->subWindowList(QMdiArea::ActivationHistoryOrder);
+  const auto last = std::find_if(others.rbegin(), others.rend(), [](const QMdiSubWindow* other) {
+    return other->isVisible() && !other->isMinimized();
+  });
+  if (last != others.rend()) area_->setActiveSubWindow(*last);
 }
 
 void WindowFrame::Focus(platform::Control& control) {
@@ -235,26 +270,39 @@ void WindowFrame::ApplyPlace(const platform::Rect& rect) {
     const int over = wanted.bottom() - area_->viewport()->rect().bottom();
     wanted.translate(0, -std::clamp(over, 0, std::max(wanted.top(), 0)));
   }
-  // Around a window of its own stands what the window manager adds.
-  const QSize added = outer_->frameGeometry().size() - outer_->size();
-  if (area_) {
-    outer_->setGeometry(wanted);
-  } else {
-    outer_->resize((wanted.size() - added).expandedTo(QSize(1, 1)));
-    outer_->move(wanted.topLeft());
-  }
+  outer_->setGeometry(wanted);
 }
 
 void WindowFrame::Report() {
   if (showing_ || !Ready()) return;
-  const QRect place = outer_->frameGeometry();
+  // Without what the window manager adds: that isn't known at every time.
+  const QRect place = outer_->geometry();
   // A place between two pixels stays as the program has set it.
   known_ = ToPixels(window_.rect()) == place ? window_.rect() : ToTwips(place);
   window_.Placed(known_, StateOf(*outer_), ToTwips(look_.widget->width()),
                  ToTwips(look_.widget->height()));
 }
 
+bool WindowFrame::ShowCaption(const QHelpEvent& help) const {
+  if (!area_ || !outer_->isMinimized()) return false;
+  const int buttons = 3 * outer_->height();
+  if (help.pos().x() > outer_->width() - buttons) return false;
+  const std::string_view caption = window_.caption();
+  // Never taken for markup.
+  QToolTip::showText(
+      help.globalPos(),
+      QStringLiteral("<p>%1</p>")
+          .arg(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()))
+                   .toHtmlEscaped()),
+      outer_);
+  return true;
+}
+
 bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
+  if (watched->isWindowType()) {
+    if (event->type() == QEvent::MouseButtonPress && on_lifted) on_lifted();
+    return false;
+  }
   switch (event->type()) {
     case QEvent::Close:
       if (watched != outer_) break;
@@ -266,6 +314,7 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
       window_.UserClose();
       return true;
     case QEvent::Show:
+      if (look_.place == Place::main) outer_->windowHandle()->installEventFilter(this);
       clock_.Wake();
       break;
     case QEvent::WindowStateChange:
@@ -280,8 +329,10 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
       if (watched != outer_) break;
       // Not every window manager lifts what it gives the keyboard to.
       if (look_.place == Place::dialog) Raise();
-      if (on_activated) on_activated();
+      if (on_lifted) on_lifted();
       break;
+    case QEvent::ToolTip:
+      return watched == outer_ && ShowCaption(*static_cast<QHelpEvent*>(event));
     default:
       break;
   }

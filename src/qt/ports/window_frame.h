@@ -11,10 +11,13 @@
 #include "qt/ports/frame_clock.h"
 #include "qt/ports/looks.h"
 
+class QHelpEvent;
+
 namespace qt {
 
 /// Keeps a window of the logic and its widget alike: caption, place, state and visibility one way,
-/// place, state and the user's wish to close it the other. It may be ended from within such a wish.
+/// place, state and the user's wish to close it the other. The place of a window of its own is
+/// without the frame of the window manager. It may be ended from within such a wish.
 /// The window and the clock outlive it.
 class WindowFrame : public QObject, public platform::Watcher, public Refreshable {
  public:
@@ -36,7 +39,9 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   [[nodiscard]] const Look& look() const { return look_; }
   /// The widget with its title bar; nullptr once the main window that held it is gone.
   [[nodiscard]] QWidget* outer() const { return outer_; }
-  std::function<void()> on_activated;
+  /// It got the keyboard, or the main window was pressed: the window manager may have put it in
+  /// front of others.
+  std::function<void()> on_lifted;
 
   void Touched(platform::Model& model) override;
   void Refresh() override;
@@ -51,6 +56,8 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   void Centre(const QWidget* over);
   void Report();
   void Activate();
+  void HideOuter();
+  [[nodiscard]] bool ShowCaption(const QHelpEvent& help) const;
 
   platform::Window& window_;
   Look look_;

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -39,7 +41,8 @@ class AlarmLooksTest : public testing::Test {
   alarms::AlarmTable table{files};
   alarms::FormAlarm defined{platform, table, FaseCierre};
   alarms::ListAlarm fired{platform, FaseCierre};
-  alarms::APrecio dialog{platform, table, defined};
+  store::InstrumentStore store;
+  alarms::APrecio dialog{platform, store, table, defined};
 };
 
 TEST_F(AlarmLooksTest, OfTheTwoConditionsOneIsOnAndTheModelSaysWhich) {
@@ -66,6 +69,35 @@ TEST_F(AlarmLooksTest, OfTheTwoConditionsOneIsOnAndTheModelSaysWhich) {
   }
   ASSERT_NE(label, nullptr);
   EXPECT_EQ(label->text(), "&Volumen");
+}
+
+TEST_F(AlarmLooksTest, PutsInTheCodeOfASuggestionAlone) {
+  ASSERT_GT(store.AgregarSinDatos(store::Codigo("TAZ"), "ASTILLEROS <b>TAZO"), 0);
+  dialog.Show();
+  auto& code = WidgetOf<QLineEdit>(dialog, dialog.Text1);
+  auto& value = WidgetOf<QLineEdit>(dialog, dialog.Text2);
+  const auto type = [](QWidget& widget, int key, const QString& text = {}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&widget, &press);
+  };
+  ASSERT_TRUE(support::WaitFor([&] { return code.hasFocus(); }));
+  type(code, Qt::Key_A, QStringLiteral("a"));
+  auto* popup = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
+  ASSERT_NE(popup, nullptr);
+  EXPECT_EQ(popup->model()->index(0, 0).data().toString(), "TAZ   ASTILLEROS <b>TAZO");
+  type(*popup, Qt::Key_Return);
+  EXPECT_TRUE(popup->isHidden() && dialog.Text1.text() == "a");
+  type(code, Qt::Key_Z, QStringLiteral("z"));
+  type(*popup, Qt::Key_Down);
+  type(*popup, Qt::Key_Return);
+  EXPECT_EQ(code.text(), "TAZ");
+  EXPECT_EQ(dialog.Text1.text(), "TAZ");
+  EXPECT_TRUE(popup->isHidden() && code.hasFocus());
+
+  code.setText(QStringLiteral("astill"));
+  type(code, Qt::Key_E, QStringLiteral("e"));
+  EXPECT_TRUE(value.hasFocus() && popup->isHidden());
+  EXPECT_EQ(dialog.Text1.text(), "ASTILLE");
 }
 
 TEST_F(AlarmLooksTest, ARedBandStandsWhileTheProgramBeeps) {

@@ -10,10 +10,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDeadlineTimer>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include "../wait.h"
 
@@ -291,6 +293,19 @@ class TapeTest : public GridWidgetTest {
     Frame();
   }
 
+  void Wheel(int notches) {
+    QWheelEvent event({50, 50}, view.mapToGlobal(QPointF(50, 50)), {}, {0, 120 * notches},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view.viewport(), &event);
+  }
+  /// A low view at its end.
+  void ReadTheEnd() {
+    view.resize(600, 300);
+    bar->setValue(bar->maximum());
+    Frame();
+  }
+  [[nodiscard]] bool AtEnd() const { return bar->value() == bar->maximum(); }
+
   QScrollBar* bar;
 };
 
@@ -321,6 +336,105 @@ TEST_F(TapeTest, ScrolledToItsEndFollowsAndAnywhereElseStays) {
   Append();
   EXPECT_TRUE(at_end());
   EXPECT_EQ(view.currentIndex().row() + 1, grid.row());
+}
+
+TEST_F(TapeTest, RowsThatComePullNobodyBackWhileHeScrolls) {
+  ReadTheEnd();
+  const int end = bar->value(), notch = QApplication::wheelScrollLines();
+  for (int i = 1; i <= 6; ++i) {
+    Wheel(1);
+    Append();
+    ASSERT_EQ(bar->value(), end - i * notch);
+  }
+  ASSERT_EQ(grid.top_row(), grid.rows() - 1) << "the program's, not shown";
+  EXPECT_TRUE(support::WaitFor([this] { return grid.top_row() == bar->value() + 1; }));
+  EXPECT_EQ(bar->value(), end - 6 * notch);
+  Append();
+  EXPECT_TRUE(AtEnd()) << "he stopped near the end";
+}
+
+TEST_F(TapeTest, WhoScrollsFarUpStaysThereUntilHeReachesTheEnd) {
+  ReadTheEnd();
+  for (int i = 0; i < 6; ++i) {
+    Key(Qt::Key_PageUp);
+    Append(3);
+  }
+  const int left = bar->value();
+  EXPECT_LT(left, grid.rows() - 1 - 60);
+  const QDeadlineTimer over(700);
+  ASSERT_TRUE(support::WaitFor([&over] { return over.hasExpired(); }));
+  Append(20);
+  EXPECT_EQ(bar->value(), left);
+  for (int i = 0; i < 100 && !AtEnd(); ++i) {
+    Wheel(-1);
+    if (!AtEnd()) Append();
+  }
+  ASSERT_TRUE(AtEnd());
+  for (int i = 0; i < 3; ++i) Append(5);
+  EXPECT_TRUE(AtEnd());
+}
+
+TEST_F(TapeTest, APressedScrollBarAndAnArrowKeyHoldTheRows) {
+  ReadTheEnd();
+  const int end = bar->value();
+  Append();
+  Key(Qt::Key_Up);
+  const int mine = view.currentIndex().row();
+  Append(2);
+  EXPECT_EQ(bar->value(), end + 1);
+  EXPECT_EQ(view.currentIndex().row(), mine);
+  Key(Qt::Key_End);
+  Append();
+  EXPECT_TRUE(AtEnd());
+
+  bar->setSliderDown(true);
+  bar->setValue(bar->value() - 5);
+  const int held = bar->value();
+  const QDeadlineTimer over(700);
+  ASSERT_TRUE(support::WaitFor([&over] { return over.hasExpired(); }));
+  Append();
+  EXPECT_EQ(bar->value(), held);
+  bar->setSliderDown(false);
+  EXPECT_TRUE(support::WaitFor([this] { return grid.top_row() == bar->value() + 1; }));
+}
+
+TEST_F(TapeTest, AColumnTakesTheRoomLeftOnTheScreenOnly) {
+  view.Fill(1);
+  const auto filled = [this] {
+    return view.horizontalHeader()->length() == view.viewport()->width();
+  };
+  for (const int width : {600, 900}) {
+    view.resize(width, 300);
+    Frame();
+    EXPECT_TRUE(filled()) << width;
+    EXPECT_EQ(grid.width(1), 1200);
+  }
+  const QPoint other(view.columnViewportPosition(4) - 1, 10);
+  DragHeading(other, other + QPoint(20, 0));
+  EXPECT_EQ(grid.width(3), 1200 + 20 * 15);
+  EXPECT_TRUE(support::WaitFor(filled));
+  EXPECT_EQ(grid.width(1), 1200);
+  const int wide = view.columnWidth(1);
+  const QPoint edge(view.columnViewportPosition(2) - 1, 10);
+  DragHeading(edge, edge - QPoint(30, 0));
+  EXPECT_EQ(grid.width(1), (wide - 30) * 15);
+  EXPECT_TRUE(support::WaitFor(filled));
+  grid.set_width(1, 1200);
+  view.resize(300, 300);
+  Frame();
+  EXPECT_EQ(view.columnWidth(1), 80);
+}
+
+TEST_F(TapeTest, CutsWhatIsTooWideAndKeepsItsType) {
+  const auto first_cell = [this](int letters) {
+    grid.set_text(1, 0, std::string(static_cast<std::size_t>(letters), 'm'));
+    Frame();
+    return view.viewport()->grab(view.visualRect(view.model()->index(0, 0))).toImage();
+  };
+  first_cell(12);
+  grid.set_width(0, (view.sizeHintForIndex(view.model()->index(0, 0)).width() - 5) * 15);
+  EXPECT_EQ(first_cell(12), first_cell(24));
+  EXPECT_NE(first_cell(12), first_cell(5));
 }
 
 TEST_F(TapeTest, CopiesTheChosenRowsOrElseTheCurrentOne) {

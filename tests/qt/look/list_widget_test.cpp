@@ -73,6 +73,21 @@ TEST_F(ListWidgetTest, EachChoiceByMouseOrKeyboardIsAClick) {
   EXPECT_EQ(double_clicks, 1);
 }
 
+TEST_F(ListWidgetTest, TheFirstArrowChoosesTheFirstLineWhereverTheFrameIs) {
+  for (const int current : {0, 1, -1}) {
+    list.Clear();
+    widget->Refresh();
+    Press(Qt::Key_Down);  // on nothing
+    Add(3);
+    widget->selectionModel()->setCurrentIndex(widget->model()->index(current, 0),
+                                              QItemSelectionModel::NoUpdate);
+    Press(current == 1 ? Qt::Key_Up : Qt::Key_Down);
+    EXPECT_EQ(Selected(), QList<int>{0}) << current;
+  }
+  Press(Qt::Key_Down);
+  EXPECT_EQ(clicks, (QList<int>{0, 0, 0, 1}));
+}
+
 TEST_F(ListWidgetTest, NewLinesAreAddedBelowAndTheChoiceStays) {
   ClickOn(1);
   int added = 0, resets = 0;

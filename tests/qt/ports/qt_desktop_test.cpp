@@ -258,6 +258,38 @@ TEST_F(QtDesktopTest, ARaisedWindowComesUpWithoutTheKeyboard) {
   EXPECT_EQ(QApplication::focusWidget(), focus) << "as it was up already";
 }
 
+TEST_F(QtDesktopTest, WhatWasLeftLastIsActiveWhenAChildCloses) {
+  main.Show();
+  child.Show();
+  Child minimised(platform), other(platform);
+  minimised.Show();
+  OuterOf(minimised)->showMinimized();
+  for (const bool hides : {true, false}) {
+    other.Show();
+    other.may_close = true;
+    if (hides) {
+      other.Hide();
+    } else {
+      other.Unload();
+    }
+    EXPECT_EQ(platform.desktop().FrameOf(main)->look().area->activeSubWindow(), OuterOf(child));
+  }
+}
+
+TEST_F(QtDesktopTest, ADialogComesUpAgainWhereItWas) {
+  main.Show();
+  login.may_close = true;
+  login.Show();
+  OuterOf(login)->setGeometry(200, 150, 400, 300);
+  support::Settle();
+  for (int round = 0; round < 3; ++round) {
+    login.Unload();
+    login.Show();
+    support::Settle();
+    EXPECT_EQ(OuterOf(login)->geometry(), QRect(200, 150, 400, 300));
+  }
+}
+
 TEST_F(QtDesktopTest, MainWindowMayGoBeforeItsChildren) {
   main.Show();
   child.Show();
