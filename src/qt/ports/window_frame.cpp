@@ -94,13 +94,16 @@ bool AsksToClose(const QKeyEvent& key, Place place) {
 // Room for what the window manager adds to a window.
 constexpr QSize kAdded(16, 48);
 
-/// Moves `place` below `other`, or above it where there is no room, if it would lie over that.
+/// Moves `place` below `other`, or above it where there is no room, if it would lie over that. With
+/// room nowhere it goes to the foot of the screen, where it covers the least.
 void StepAside(QRect& place, const QRect& other, const QRect& screen) {
   if (!place.intersects(other)) return;
   if (other.bottom() + kAdded.height() + place.height() <= screen.bottom()) {
     place.moveTop(other.bottom() + kAdded.height());
   } else if (other.top() - kAdded.height() - place.height() >= screen.top()) {
     place.moveBottom(other.top() - kAdded.height());
+  } else {
+    place.moveBottom(screen.bottom() - kAdded.height());
   }
 }
 
