@@ -54,7 +54,7 @@ void Ticker2::NameLabels() {
   NameLevels(vv, "Volumen de venta");
   NameLevels(pv, "Precio de venta");
   Label5.set_tool_tip("Total de compra");
-  Label6.set_tool_tip("Total de venta (doble clic: operaciones del día)");
+  Label6.set_tool_tip("Total de venta (doble clic: negociaciones del día)");
 }
 
 void Ticker2::JoinResizer() {
@@ -75,7 +75,6 @@ void Ticker2::OnLoad() {
   for (Label* label : {&Ultimo, &Maximo, &Minimo, &D}) {
     Paint(*label, ColorTextoTicket, ColorFondoTicket);
   }
-  List1.set_cols(6);
   List1.set_rows(1);
 }
 

@@ -17,23 +17,22 @@ Tickets::Tickets(platform::Platform& platform, store::InstrumentStore& store,
       cerrados_(std::make_shared<Owned>()) {}
 
 Tickets::~Tickets() {
-  claves_.clear();
-  const Owned last = std::exchange(abiertos_, {});
-  for (const auto& ticket : last) ticket->Unload();
+  const auto last = std::exchange(abiertos_, {});
+  for (const Abierto& each : last) each.ticket->Unload();
 }
 
 std::vector<Ticker2*> Tickets::abiertos() const {
   std::vector<Ticker2*> open;
-  for (const auto& ticket : abiertos_) open.push_back(ticket.get());
+  for (const Abierto& each : abiertos_) open.push_back(each.ticket.get());
   return open;
 }
 
 void Tickets::AbrirTicket(std::int16_t slot) {
   if (slot < 1 || slot > store_.NumInstrumentos()) return;
   const store::Codigo code = store_.Instrumentos(slot).Codigo;
-  abiertos_.push_back(std::make_unique<Ticker2>(platform_, store_, tape_));
-  claves_.push_back({store::PackCode(code.bytes()), code});
-  Ticker2& ticket = *abiertos_.back();
+  abiertos_.push_back(
+      {store::PackCode(code.bytes()), code, std::make_unique<Ticker2>(platform_, store_, tape_)});
+  Ticker2& ticket = *abiertos_.back().ticket;
   ticket.al_descargar = [this, &ticket] { Retirar(ticket); };
   ticket.set_tag(code.utf8());
   ticket.set_caption(base::OneLine(store_.Instrumentos(slot).Nombre.trimmed_utf8()));
@@ -43,11 +42,10 @@ void Tickets::AbrirTicket(std::int16_t slot) {
 }
 
 void Tickets::Retirar(const Ticker2& ticket) {
-  const auto is_it = [&](const auto& owned) { return owned.get() == &ticket; };
+  const auto is_it = [&](const Abierto& each) { return each.ticket.get() == &ticket; };
   const auto found = std::ranges::find_if(abiertos_, is_it);
   if (found == abiertos_.end()) return;
-  cerrados_->push_back(std::move(*found));
-  claves_.erase(claves_.begin() + (found - abiertos_.begin()));
+  cerrados_->push_back(std::move(found->ticket));
   abiertos_.erase(found);
   // Any handler of the ticket may be running now. Where the event loop doesn't come back, the
   // tickets end with this object, not with a task that nobody runs.

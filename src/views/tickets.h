@@ -46,21 +46,22 @@ class Tickets {
 
  private:
   using Owned = std::vector<std::unique_ptr<Ticker2>>;
+  struct Abierto {
+    store::CodeKey key;  // tells nearly all other codes apart in one comparison
+    store::Codigo code;
+    std::unique_ptr<Ticker2> ticket;
+  };
 
   void Retirar(const Ticker2& ticket);
   void AgregarACinta(const store::Negocio& trade);
-
-  struct Clave {
-    store::CodeKey key;  // tells nearly all other codes apart in one comparison
-    store::Codigo code;
-  };
 
   template <typename Visit>
   void ForEachOf(const store::Codigo& code, const Visit& visit) {
     if (abiertos_.empty()) return;
     const store::CodeKey key = store::PackCode(code.bytes());
     for (std::size_t i = 0; i < abiertos_.size(); ++i) {
-      if (claves_[i].key == key && claves_[i].code == code) visit(*abiertos_[i]);
+      const Abierto& each = abiertos_[i];
+      if (each.key == key && each.code == code) visit(*each.ticket);
     }
   }
 
@@ -68,8 +69,7 @@ class Tickets {
   store::InstrumentStore& store_;
   store::UpdatePipeline& pipeline_;
   Form2& tape_;
-  std::vector<Clave> claves_;  // of the open tickets
-  Owned abiertos_;
+  std::vector<Abierto> abiertos_;
   std::shared_ptr<Owned> cerrados_;  // closed ones, until the event loop ends them
   std::string instrumento_;          // of the trade in hand, as it stands on the tape
 };

@@ -82,6 +82,8 @@ class GridWidget : public QTableView {
   [[nodiscard]] int LastShownRow() const;
   [[nodiscard]] bool AtEnd() const;
 
+  static constexpr int kWidestTwips = 15000;  // what the grid takes
+
   platform::Grid* grid_;
   std::unique_ptr<GridModel> model_;
   GridDelegate* delegate_;

@@ -11,7 +11,7 @@ namespace qt {
 }
 
 /// A tool tip that shows `plain` as it stands, whatever markup it looks like, without the blanks at
-/// its end.
+/// its end. A long one is broken into lines.
 [[nodiscard]] QString ToolTipText(std::string_view plain);
 
 /// A caption as it is read out: without the "&" of its mnemonic.
