@@ -1,8 +1,5 @@
 #include "alarms/a_precio.h"
 
-#include <utility>
-
-#include "base/ansi.h"
 #include "base/text.h"
 #include "base/val.h"
 
@@ -10,7 +7,6 @@ namespace alarms {
 namespace {
 
 constexpr std::size_t kCodigoCorto = 6;  // characters that still wait for more
-constexpr std::size_t kMaxSugerencias = 8;
 
 }  // namespace
 
@@ -65,27 +61,6 @@ void APrecio::Text1_Change() {
   if (base::CountUtf8(Text1.text()) <= kCodigoCorto) return;
   Text1.set_text(base::UpperUtf8(Text1.text()));
   SetFocus(Text2);
-}
-
-std::vector<APrecio::Sugerencia> APrecio::Sugerencias(std::string_view text) const {
-  const std::string wanted = base::UpperAnsi(base::Utf8ToAnsi(base::Trim(text)));
-  std::vector<Sugerencia> by_code, by_name;
-  if (wanted.empty()) return by_code;
-  for (int i = 1; i <= store_.NumInstrumentos() && by_code.size() < kMaxSugerencias; ++i) {
-    const store::Instrumento& record = store_.Instrumentos(i);
-    if (record.Nombre.trimmed().empty()) continue;
-    const bool code = base::UpperAnsi(record.Codigo.trimmed()).starts_with(wanted);
-    if (!code && (by_name.size() == kMaxSugerencias ||
-                  base::Find(base::UpperAnsi(record.Nombre.trimmed()), wanted) == 0)) {
-      continue;
-    }
-    (code ? by_code : by_name)
-        .push_back({record.Codigo.trimmed_utf8(), base::OneLine(record.Nombre.trimmed_utf8())});
-  }
-  for (Sugerencia& each : by_name) {
-    if (by_code.size() < kMaxSugerencias) by_code.push_back(std::move(each));
-  }
-  return by_code;
 }
 
 bool APrecio::Aceptar(float value) {

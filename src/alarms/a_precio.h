@@ -10,6 +10,7 @@
 #include "platform/controls.h"
 #include "platform/window.h"
 #include "store/instrument_store.h"
+#include "store/suggestions.h"
 
 namespace alarms {
 
@@ -28,13 +29,10 @@ class APrecio : public platform::Window {
   std::int16_t tipo = 0;                    // kind of the next alarm; set before it is shown
 
   void Text1_Change();
-  struct Sugerencia {
-    std::string codigo, nombre;  // UTF-8, without the blanks at their ends
-  };
-  /// At most 8 instruments with a name for what has been typed: first those whose code begins with
-  /// `text`, then those whose name contains it, each in the order of the market. Capitals or not is
-  /// the same; blanks at the ends of `text` don't count, and without more there is nothing.
-  [[nodiscard]] std::vector<Sugerencia> Sugerencias(std::string_view text) const;
+  /// Instruments for what is being typed as the code.
+  [[nodiscard]] std::vector<store::Sugerencia> Sugerencias(std::string_view text) const {
+    return store::Sugerencias(store_, text);
+  }
   /// Adds and saves the alarm and unloads. With a threshold that isn't above 0, which then has the
   /// focus, or with the table full, the dialog stays. Either way `tipo` is 0 then.
   void Command1_Click();

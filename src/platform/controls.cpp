@@ -37,4 +37,25 @@ void ListBox::Click(int index) {
   if (on_click) on_click();
 }
 
+void ComboBox::AddItem(std::string_view text) {
+  items_.emplace_back(text);
+  Touch();
+}
+
+void ComboBox::Clear() {
+  if (items_.empty()) return;
+  items_.clear();
+  Touch();
+}
+
+void ComboBox::set_text(std::string_view text) {
+  if (Set(text_, text) && on_change) on_change();
+}
+
+void ComboBox::Click(int index) {
+  if (index < 0 || index >= static_cast<int>(items_.size())) return;
+  Set(text_, items_[static_cast<std::size_t>(index)]);
+  if (on_click) on_click();
+}
+
 }  // namespace platform

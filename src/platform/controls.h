@@ -49,6 +49,13 @@ class TextBox : public Control {
   /// Characters; 0 is no limit.
   [[nodiscard]] int max_length() const { return max_length_; }
   void set_max_length(int length) { Set(max_length_, length); }
+  /// The user can't change the text.
+  [[nodiscard]] bool locked() const { return locked_; }
+  void set_locked(bool locked) { Set(locked_, locked); }
+  [[nodiscard]] base::Color fore() const { return fore_; }
+  void set_fore(base::Color fore) { Set(fore_, fore); }
+  [[nodiscard]] base::Color back() const { return back_; }
+  void set_back(base::Color back) { Set(back_, back); }
   /// Shows "*" for every character.
   [[nodiscard]] bool password() const { return password_; }
   void set_password(bool password) { Set(password_, password); }
@@ -59,7 +66,8 @@ class TextBox : public Control {
  private:
   std::string text_, label_;
   int max_length_ = 0;
-  bool password_ = false;
+  bool password_ = false, locked_ = false;
+  base::Color fore_ = base::palette::kBlack, back_ = base::palette::kBrightWhite;
 };
 
 /// A push button. `caption` may hold "&" before its mnemonic letter ("&&" is a plain "&").
@@ -139,6 +147,33 @@ class ListBox : public Control {
  private:
   std::vector<std::string> items_;
   int list_index_ = -1;
+};
+
+/// One line of text that the user types, or chooses from a list of entries. `on_change` runs on
+/// every real change of the text that isn't the choice of an entry, by the user or the program.
+class ComboBox : public Control {
+ public:
+  /// `on_click` runs when the user chooses an entry, the same one again included.
+  std::function<void()> on_change, on_click, on_double_click;
+
+  [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
+  void AddItem(std::string_view text);
+  /// Takes every entry out; the text stays.
+  void Clear();
+  [[nodiscard]] const std::string& text() const { return text_; }
+  void set_text(std::string_view text);
+  /// Caption of the label that stands in front of it: its accessible name.
+  [[nodiscard]] const std::string& label() const { return label_; }
+  void set_label(std::string_view label) { Set(label_, label); }
+  /// The user chooses an entry, from 0: it becomes the text.
+  void Click(int index);
+  void DoubleClick() {
+    if (on_double_click) on_double_click();
+  }
+
+ private:
+  std::vector<std::string> items_;
+  std::string text_, label_;
 };
 
 /// Pictures that the program draws.

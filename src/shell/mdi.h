@@ -31,12 +31,18 @@ class MDI : public platform::Window {
   platform::CheckBox Check1;      // timer of the charting package's refresh on or off
   platform::CheckBox Check2;      // market ticker on or off
   platform::Button Command1;      // fired alarms
+  platform::Button Command2;      // buys or sells
   platform::Button Command3;      // brings up the board
+  platform::Label Label1;         // brings up the holdings
+  platform::ComboBox Combo1;      // the portfolios
+  platform::TextBox Text1, Text2, Text3;  // value of the chosen one, gain in %, gain; locked
   platform::ToolBar ActiveBar1;
   platform::Timer Timer1;  // once a second
 
   /// The menu bar; filled before the window is first shown.
   std::vector<platform::MenuItem> menu;
+  /// Commands that have a key and stand in no menu; filled likewise.
+  std::vector<platform::MenuItem> keys;
 
   /// 0 while the program runs, from 1 on while it closes.
   std::int16_t FaseCierre = 0;

@@ -28,14 +28,17 @@ void StartUp(Terminal& terminal, const base::ProgramDir& directory) {
   directory.EmptyDirectory("Ticks");
   mdi.Check2.set_value(0);
   terminal.Continuo.Load();
+  terminal.TCartera.Load();
   mdi.Picture2.set_picture(Picture::closed);
   terminal.Conecta.Load();
   SetUpTickers(mdi);
   terminal.ConfigVentana = views::LoadConfigVentana(directory);
   views::ApplyLook(terminal.ConfigVentana[1], terminal.Continuo.G);
+  views::ApplyLook(terminal.ConfigVentana[1], terminal.TCartera.G);
   terminal.Alarmas.CargarAlarmas();
   terminal.FormAlarm.Load();
   terminal.FormAlarm.Rellenar();
+  terminal.Carteras.CargarCarteras();
 }
 
 }  // namespace shell

@@ -21,6 +21,12 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       FormAlarm(platform, Alarmas, MDI.FaseCierre),
       ListAlarm(platform, MDI.FaseCierre),
       APrecio(platform, store, Alarmas, FormAlarm),
+      Carteras(directory_, MDI.Combo1),
+      TCartera({platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre}, Carteras),
+      Cartera(platform, Carteras),
+      Operar_Cartera(platform, store, Carteras),
+      Detalle(platform, Carteras),
+      resumen_(MDI, store, Carteras, TCartera),
       stop_(*this) {
   JoinMainWindow();
   JoinPipeline();
@@ -50,6 +56,9 @@ void Terminal::JoinPipeline() {
   pipeline.AbrirTicket = [this](std::int16_t slot) { Tickets.AbrirTicket(slot); };
   pipeline.views.Continuo_negoti = [this](std::int16_t slot) { Continuo.negoti(slot); };
   pipeline.views.Continuo_negotii = [this](std::int16_t slot) { Continuo.negotii(slot); };
+  pipeline.steps.cartera = [this](std::int16_t slot) { TCartera.negoti(slot); };
+  Conecta.steps.ResumenCartera = [this] { resumen_.Combo1_Click(); };
+  MDI.Combo1.on_click = [this] { resumen_.Combo1_Click(); };
   Conecta.steps.RefrescarLibro = [this](int index) { Tickets.RefrescarLibro(index); };
   Conecta.steps.Negocio = [this](const store::Negocio& trade) { Tickets.Negocio(trade); };
   Conecta.steps.FinNegocios = [this] { Tickets.FinNegocios(); };

@@ -9,7 +9,13 @@
 #include "base/program_dir.h"
 #include "feed/conecta.h"
 #include "platform/platform.h"
+#include "portfolios/cartera.h"
+#include "portfolios/detalle.h"
+#include "portfolios/operar_cartera.h"
+#include "portfolios/portfolio_store.h"
+#include "portfolios/t_cartera.h"
 #include "shell/mdi.h"
+#include "shell/resumen.h"
 #include "shell/start_up.h"
 #include "shell/stop.h"
 #include "store/instrument_store.h"
@@ -60,8 +66,14 @@ class Terminal {
   alarms::FormAlarm FormAlarm;
   alarms::ListAlarm ListAlarm;
   alarms::APrecio APrecio;
+  portfolios::PortfolioStore Carteras;
+  portfolios::TCartera TCartera;
+  portfolios::Cartera Cartera;
+  portfolios::Operar_Cartera Operar_Cartera;
+  portfolios::Detalle Detalle;
 
  private:
+  Resumen resumen_;
   Stop stop_;
 };
 

@@ -71,6 +71,24 @@ std::int16_t InstrumentStore::Buscar(std::string_view code) const {
   return hit;
 }
 
+std::int16_t InstrumentStore::SiguienteDe(const Codigo& code, std::int16_t after) const {
+  const CodeKey key = PackCode(code.bytes());
+  const std::size_t end = instrumentos_.size();
+  for (std::size_t slot = static_cast<std::size_t>(std::max<int>(after, 0)) + 1; slot < end;
+       ++slot) {
+    if (slot % kCodeBlock == 0) {
+      const int found = FindCode(std::span(codes_).subspan(slot, WholeBlocks(end) - slot), key);
+      if (found < 0) return 0;
+      slot += static_cast<std::size_t>(found);
+    }
+    // Codes of the same key may differ in where their blanks stand.
+    if (codes_[slot] == key && instrumentos_[slot].Codigo == code) {
+      return static_cast<std::int16_t>(slot);
+    }
+  }
+  return 0;
+}
+
 InstrumentStore::Scan InstrumentStore::Recorrer(std::string_view code) const {
   const std::int16_t slot = Buscar(code);
   if (nameless_.empty()) return {slot, 0};

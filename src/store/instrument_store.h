@@ -41,6 +41,10 @@ class InstrumentStore {
   };
   [[nodiscard]] Scan Recorrer(std::string_view code) const;
 
+  /// First slot after `after` (from 0) whose code is exactly `code`, blanks included; 0 when there
+  /// is none.
+  [[nodiscard]] std::int16_t SiguienteDe(const store::Codigo& code, std::int16_t after) const;
+
   /// Puts `record` into the slot of its code, or into a new one. Gives the slot, 0 when the table
   /// is full.
   std::int16_t GuardarMaestro(const Instrumento& record);

@@ -67,9 +67,11 @@ class GridView : public platform::Window {
   void Command3_Click();
   void Command4_Click();
   void G_Click();
-  void G_DblClick();
+  virtual void G_DblClick();
   void G_MouseMove();
-  [[nodiscard]] int G_BeforeMoveColumn(int from, int to) const { return from == 0 ? 0 : to; }
+  [[nodiscard]] virtual int G_BeforeMoveColumn(int from, int to) const {
+    return from == 0 ? 0 : to;
+  }
   void G_AfterUserResize() { Command4_Click(); }
 
  protected:

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/window.h"
+#include "portfolios/portfolio_store.h"
+
+namespace portfolios {
+
+/// Lists the positions of a portfolio, and every operation behind one of them. Only reads. What the
+/// constructor takes outlives it.
+class Detalle : public platform::Window {
+ public:
+  Detalle(platform::Platform& platform, PortfolioStore& portfolios);
+
+  platform::ComboBox Combo1;  // portfolio
+  platform::ListBox List2;    // its positions
+  platform::ListBox List1;    // operations behind the chosen position
+  platform::TextBox Text1;    // valuation; locked, stays as it is
+
+  /// Typing looks for the portfolio that is named in `Text1`.
+  void Combo1_Change();
+  void Combo1_Click();
+  void List2_Click();
+
+ protected:
+  void OnLoad() override;
+
+ private:
+  void ListarPosiciones(std::string_view name);
+
+  PortfolioStore& portfolios_;
+};
+
+}  // namespace portfolios

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "portfolios/portfolio_store.h"
+#include "views/grid_view.h"
+
+namespace portfolios {
+
+/// The holdings of one portfolio, a row per instrument held, valued with every quote. Loaded hidden
+/// at start; paints unseen as well as seen. Its last three columns stay where they are, as their
+/// figures are the row's valuation. What the constructor takes outlives it.
+class TCartera : public views::GridView {
+ public:
+  TCartera(const views::GridContext& context, const PortfolioStore& portfolios);
+
+  /// The portfolio shown; 0 when the rows must be made anew.
+  [[nodiscard]] std::int16_t CarteraActual() const { return CarteraActual_; }
+
+  /// Makes the rows those of portfolio `p`, unless they are already, whatever their order.
+  void Mostrar(int p);
+  /// Takes the settings anew: colours, headings, rows.
+  void ColoresOn();
+  /// After a quote: paints every row of the instrument's name with flash; adds none.
+  void negoti(std::int16_t indice);
+
+  void G_DblClick() override;
+  [[nodiscard]] int G_BeforeMoveColumn(int from, int to) const override;
+
+ protected:
+  void OnLoad() override;
+
+ private:
+  const PortfolioStore& portfolios_;
+  std::int16_t CarteraActual_ = 0;
+  std::vector<std::int16_t> slots_;  // instruments of the rows, in the order of the positions
+};
+
+}  // namespace portfolios
