@@ -71,20 +71,35 @@ std::string WithoutLinks(const std::string& path) {
   return real ? std::string(real.get()) : path;
 }
 
+bool Sync(int fd) {
+  return Retry([&] { return fsync(fd); }) == 0;
+}
+
+// A new or renamed file is only sure to be found again once its directory is on the disk as well.
+bool SyncDirectoryOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  const std::string directory = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+  const int fd = Retry([&] { return open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+  if (fd < 0) return false;
+  const bool synced = Sync(fd);
+  close(fd);
+  return synced;
+}
+
 bool WriteNewFile(const std::string& path, std::string_view content, mode_t mode, bool exact_mode) {
   unlink(path.c_str());  // left by a crash
   const int fd =
       Retry([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
   if (fd < 0) return false;
   if (exact_mode) (void)fchmod(fd, mode);
-  const bool written = WriteAll(fd, content) && Retry([&] { return fsync(fd); }) == 0;
+  const bool written = WriteAll(fd, content) && Sync(fd);
   return close(fd) == 0 && written;
 }
 
 }  // namespace
 
 RecordFile::RecordFile(const std::string& path, std::size_t record_size, bool owner_only)
-    : record_size_(record_size) {
+    : path_(path), record_size_(record_size) {
   assert(record_size > 0);
   struct stat status {};
   fd_ = OpenRegular(path, O_RDWR | O_CREAT, owner_only ? kOwnerOnly : kEveryone, status);
@@ -95,6 +110,10 @@ RecordFile::RecordFile(const std::string& path, std::size_t record_size, bool ow
 
 RecordFile::~RecordFile() {
   if (fd_ >= 0) close(fd_);
+}
+
+bool RecordFile::writable() const {
+  return fd_ >= 0 && (fcntl(fd_, F_GETFL) & O_ACCMODE) == O_RDWR;
 }
 
 std::int64_t RecordFile::length() const {
@@ -125,6 +144,10 @@ bool RecordFile::Write(std::int64_t n, std::string_view record) {
          static_cast<ssize_t>(record.size());
 }
 
+bool RecordFile::Flush() const {
+  return fd_ >= 0 && Sync(fd_) && SyncDirectoryOf(WithoutLinks(path_));
+}
+
 bool ReplaceFile(const std::string& path, std::string_view content, bool owner_only) {
   const std::string target = WithoutLinks(path);
   struct stat old {};
@@ -133,6 +156,7 @@ bool ReplaceFile(const std::string& path, std::string_view content, bool owner_o
   const mode_t mode = owner_only ? kOwnerOnly : exists ? old.st_mode & 0777u : kEveryone;
   const std::string fresh = target + "." + std::to_string(getpid()) + ".tmp";
   if (WriteNewFile(fresh, content, mode, exists) && rename(fresh.c_str(), target.c_str()) == 0) {
+    (void)SyncDirectoryOf(target);  // the new content is in place in any case
     return true;
   }
   unlink(fresh.c_str());

@@ -22,6 +22,8 @@ class RecordFile {
   RecordFile& operator=(const RecordFile&) = delete;
 
   [[nodiscard]] bool is_open() const { return fd_ >= 0; }
+  /// False as well for one that may only be read.
+  [[nodiscard]] bool writable() const;
   /// Bytes in the file; 0 when it isn't open.
   [[nodiscard]] std::int64_t length() const;
   /// True and `record` (record_size bytes) when record `n` is there whole; otherwise `record`
@@ -31,18 +33,22 @@ class RecordFile {
   /// filled with zero bytes. False for `n` below 1 or beyond a file's length, and when the disk
   /// takes less than the whole record.
   bool Write(std::int64_t n, std::string_view record);
+  /// Waits until what was written is on the disk, and the file's name with it. False where the disk
+  /// doesn't say so.
+  [[nodiscard]] bool Flush() const;
 
  private:
   [[nodiscard]] std::optional<std::int64_t> OffsetOf(std::int64_t n) const;
 
+  std::string path_;
   std::size_t record_size_;
   int fd_;
 };
 
 /// Replaces a file of ours as a whole: written beside the old one, flushed to the disk and renamed
-/// over it, so a crash leaves the old or the new content. A link is kept and its target replaced;
-/// the old file's permissions stay unless `owner_only`. False leaves the old one, as does a `path`
-/// that isn't a regular file.
+/// over it, so a crash leaves the old or the new content, and once it has returned the new. A link
+/// is kept and its target replaced; the old file's permissions stay unless `owner_only`. False
+/// leaves the old one, as does a `path` that isn't a regular file.
 [[nodiscard]] bool ReplaceFile(const std::string& path, std::string_view content,
                                bool owner_only = false);
 
