@@ -58,4 +58,18 @@ TEST(ListBox, ChoosesOnlyLinesThatAreThereAndNoneOnceCleared) {
   EXPECT_TRUE(list.list_index() == -1 && list.items().empty());
 }
 
+TEST(ComboBox, TellsAChoiceFromAChangeAndKeepsItsTextWithoutEntries) {
+  platform::ComboBox box;
+  std::string events;
+  box.on_change = [&] { events += "c:" + box.text() + "|"; };
+  box.on_click = [&] { events += "k:" + box.text() + "|"; };
+  for (const char* item : {"a", "b ", "a"}) box.AddItem(item);
+  for (const char* text : {"b", "b", "b "}) box.set_text(text);
+  for (const int index : {1, 2, 2, 3, -1}) box.Click(index);
+  box.Clear();
+  box.Click(0);
+  EXPECT_EQ(events, "c:b|c:b |k:b |k:a|k:a|");
+  EXPECT_EQ(box.text(), "a");
+}
+
 }  // namespace

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include <QAbstractItemView>
+
+#include "qt/look/combo_bond.h"
 #include "qt/look/grid_widget.h"
 #include "qt/look/list_widget.h"
 #include "qt/look/small_widgets.h"
@@ -39,6 +42,14 @@ std::function<void()> CommonShower(const platform::Control& control, QWidget& wi
     ShowCommon(control, widget);
     if (!named) ShowName(widget, NameOf({}, control));
   };
+}
+
+void ShowColors(QLineEdit& widget, const QColor& ink, const QColor& ground) {
+  QPalette colors = widget.palette();
+  if (colors.color(QPalette::Text) == ink && colors.color(QPalette::Base) == ground) return;
+  colors.setColor(QPalette::Text, ink);
+  colors.setColor(QPalette::Base, ground);
+  widget.setPalette(colors);
 }
 
 }  // namespace
@@ -99,17 +110,36 @@ void Binders::Bind(platform::Label& label, LabelWidget& widget, Colors colors) {
   drops_.push_back([&widget] { widget.on_click = widget.on_double_click = nullptr; });
 }
 
-void Binders::Bind(platform::TextBox& box, QLineEdit& widget) {
-  Follow(box, widget, [&box, &widget] {
+void Binders::Bind(platform::TextBox& box, QLineEdit& widget, Colors colors) {
+  Follow(box, widget, [&box, &widget, colors] {
     widget.setMaxLength(box.max_length() > 0 ? box.max_length() : kNoLimit);
     widget.setEchoMode(box.password() ? QLineEdit::Password : QLineEdit::Normal);
+    widget.setReadOnly(box.locked());
+    if (colors == Colors::model) ShowColors(widget, ColorOf(box.fore()), ColorOf(box.back()));
     const QString text = Text(box.text());
-    if (widget.text() != text) widget.setText(text);
+    if (widget.text() != text) {
+      widget.setText(text);
+      if (box.locked()) widget.home(false);
+    }
     ShowCommon(box, widget);
     ShowName(widget, NameOf(SpokenCaption(box.label()), box));
   });
   QObject::connect(&widget, &QLineEdit::textEdited, &context_,
                    [&box](const QString& text) { box.set_text(text.toStdString()); });
+}
+
+void Binders::Bind(platform::ComboBox& box, QComboBox& widget) {
+  auto* bond = new ComboBond(box, widget, &context_);
+  Follow(box, widget, [&box, &widget, bond] {
+    bond->Show();
+    ShowCommon(box, widget);
+    // The keyboard is in its line, or in its list.
+    const QString name = NameOf(SpokenCaption(box.label()), box);
+    for (QWidget* part : {static_cast<QWidget*>(&widget), static_cast<QWidget*>(widget.lineEdit()),
+                          static_cast<QWidget*>(widget.view())}) {
+      ShowName(*part, name);
+    }
+  });
 }
 
 void Binders::Bind(platform::Button& button, QPushButton& widget) {

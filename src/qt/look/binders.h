@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QObject>
 #include <QPushButton>
@@ -37,10 +38,15 @@ class Binders {
 
   /// What is bound from now on also stands where its model says, instead of in a layout.
   void PlaceByModels() { placed_ = true; }
-  /// Whether a label takes the colours of its model or those of the theme.
+  /// Whether a label or field takes the colours of its model or those of the theme.
   enum class Colors { model, theme };
   void Bind(platform::Label& label, LabelWidget& widget, Colors colors = Colors::model);
-  void Bind(platform::TextBox& box, QLineEdit& widget);
+  /// A locked box is read only: it takes the focus and can be copied from.
+  void Bind(platform::TextBox& box, QLineEdit& widget, Colors colors = Colors::theme);
+  /// Makes `widget` an editable box that chooses, completes and inserts nothing by itself, and
+  /// leaves the wheel to what it stands on. Its width is that of 12 characters, unless another
+  /// minimum contents length was set before.
+  void Bind(platform::ComboBox& box, QComboBox& widget);
   void Bind(platform::Button& button, QPushButton& widget);
   void Bind(platform::CheckBox& box, QCheckBox& widget);
   /// Options of one group stand on one parent of their own, so that Qt takes them for one too.

@@ -12,6 +12,7 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+#include "qt/look/list_columns.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 
@@ -40,23 +41,48 @@ class LineDelegate : public QStyledItemDelegate {
     const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
     painter->setFont(option.font);
     painter->setPen(lit ? Qt::white : tone::kText);
-    painter->drawText(
-        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width()));
+    DrawLine(*painter, room, index);
   }
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
     return {0, kRowHeight};
   }
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override {
-    const QString line = index.data().toString();
     if (event->type() != QEvent::ToolTip ||
-        view->fontMetrics().horizontalAdvance(line) <= option.rect.width() - 2 * kMargin) {
+        WidthOf(index, view->fontMetrics()) <= option.rect.width() - 2 * kMargin) {
       return false;
     }
+    const QString line = index.data().toString();
     QToolTip::showText(event->globalPos(), ToolTipText(line.toStdString()), view);
     return true;
   }
+
+ protected:
+  virtual void DrawLine(QPainter& painter, const QRect& room, const QModelIndex& index) const {
+    painter.drawText(
+        room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+        painter.fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, room.width()));
+  }
+  [[nodiscard]] virtual int WidthOf(const QModelIndex& index, const QFontMetrics& metrics) const {
+    return metrics.horizontalAdvance(index.data().toString());
+  }
+};
+
+class CellsDelegate : public LineDelegate {
+ public:
+  CellsDelegate(const ListColumns& columns, QObject* parent)
+      : LineDelegate(parent), columns_(columns) {}
+
+ protected:
+  void DrawLine(QPainter& painter, const QRect& room, const QModelIndex& index) const override {
+    columns_.Draw(painter, room, static_cast<std::size_t>(index.row()));
+  }
+  [[nodiscard]] int WidthOf(const QModelIndex&, const QFontMetrics&) const override {
+    return columns_.width();
+  }
+
+ private:
+  const ListColumns& columns_;
 };
 
 }  // namespace
@@ -71,8 +97,10 @@ class ListWidget::Lines : public QAbstractListModel {
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
     const auto row = static_cast<std::size_t>(index.row());
     if (role != Qt::DisplayRole || !list_ || row >= list_->items().size()) return {};
-    return Text(list_->items()[row]);
+    const QString line = Text(list_->items()[row]);
+    return columns_ ? columns_->Joined(line) : OneLine(line);
   }
+  void set_columns(const ListColumns& columns) { columns_ = &columns; }
   void Refresh() { Show(static_cast<int>(list_->items().size())); }
   void Drop() {
     list_ = nullptr;
@@ -95,6 +123,7 @@ class ListWidget::Lines : public QAbstractListModel {
   }
 
   const platform::ListBox* list_;
+  const ListColumns* columns_ = nullptr;
   int shown_ = 0;
 };
 
@@ -117,6 +146,14 @@ ListWidget::ListWidget(platform::ListBox& list, QWidget* parent)
 
 ListWidget::~ListWidget() { setModel(nullptr); }
 
+void ListWidget::set_cells(Split split, QList<Qt::Alignment> alignments) {
+  columns_ = std::make_unique<ListColumns>(std::move(split), std::move(alignments));
+  lines_->set_columns(*columns_);
+  setItemDelegate(new CellsDelegate(*columns_, this));
+  setFont(TextFont());
+  Refresh();
+}
+
 void ListWidget::set_empty_text(const QString& text) {
   empty_text_ = text;
   viewport()->update();
@@ -127,6 +164,7 @@ void ListWidget::Refresh() {
   refreshing_ = true;
   const bool at_end = verticalScrollBar()->value() == verticalScrollBar()->maximum();
   const int before = lines_->rowCount();
+  if (columns_) columns_->Measure(list_->items(), font());
   lines_->Refresh();
   const int row = list_->list_index();
   if (row < 0) {
@@ -187,6 +225,13 @@ void ListWidget::paintEvent(QPaintEvent* event) {
   painter.setFont(TextFont());
   painter.setPen(tone::kMuted);
   painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
+}
+
+void ListWidget::changeEvent(QEvent* event) {
+  QListView::changeEvent(event);
+  if (event->type() == QEvent::FontChange && columns_ && list_) {
+    columns_->Measure(list_->items(), font());
+  }
 }
 
 }  // namespace qt

@@ -1,13 +1,42 @@
 #include "qt/look/small_widgets.h"
 
+#include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include "qt/look/ink.h"
 #include "qt/look/pictures.h"
+#include "qt/look/style_parts.h"
 #include "qt/look/theme.h"
 
 namespace qt {
+namespace {
+
+/// Tells a label that can be pressed as a link.
+class LinkInterface : public QAccessibleWidget {
+ public:
+  explicit LinkInterface(LabelWidget& label)
+      : QAccessibleWidget(&label, QAccessible::Link), label_(label) {}
+
+  [[nodiscard]] QStringList actionNames() const override {
+    return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+  }
+  void doAction(const QString& name) override {
+    if (name != pressAction()) return QAccessibleWidget::doAction(name);
+    if (label_.isEnabled() && label_.on_click) label_.on_click();
+  }
+
+ private:
+  LabelWidget& label_;
+};
+
+QAccessibleInterface* LinkOf(const QString&, QObject* object) {
+  auto* label = dynamic_cast<LabelWidget*>(object);
+  return label && label->pressable() ? new LinkInterface(*label) : nullptr;
+}
+
+}  // namespace
 
 LabelWidget::LabelWidget(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
@@ -32,6 +61,17 @@ void LabelWidget::set_blank_mark(const QString& mark) {
   update();
 }
 
+void LabelWidget::set_pressable(bool pressable) {
+  pressable_ = pressable;
+  setFocusPolicy(pressable ? Qt::TabFocus : Qt::NoFocus);
+  setAttribute(Qt::WA_Hover, pressable);
+  if (!pressable) return unsetCursor();
+  setCursor(Qt::PointingHandCursor);
+  QAccessible::installFactory(LinkOf);
+}
+
+bool LabelWidget::Lit() const { return pressable_ && underMouse() && isEnabled(); }
+
 void LabelWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (ground_.isValid()) {
@@ -40,6 +80,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     painter.setBrush(ground_);
     painter.drawRoundedRect(rect(), kRadius, kRadius);
   }
+  if (pressable_ && hasFocus()) DrawRounded(painter, rect(), Qt::transparent, tone::kAccent);
   const bool blank = text().trimmed().isEmpty();
   const QString shown = blank ? blank_mark_ : text();
   if (shown.isEmpty()) return;
@@ -50,7 +91,8 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     painter.setPen(Mix(ground, ground.lightness() < 128 ? Qt::white : Qt::black, 0.3));
     return DrawLaid(painter);
   }
-  const QColor ink = ink_.isValid() ? ink_ : palette().color(foregroundRole());
+  const QColor plain = ink_.isValid() ? ink_ : palette().color(foregroundRole());
+  const QColor ink = Lit() ? tone::kAccent : plain;
   DrawReadable(painter, ink, ground, [&] { DrawLaid(painter); });
 }
 
@@ -71,6 +113,17 @@ void LabelWidget::DrawLaid(QPainter& painter) const {
   painter.drawStaticText(QPointF(), laid_);
   painter.restore();
 }
+
+void LabelWidget::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  const bool presses = key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (!pressable_ || !presses) return QLabel::keyPressEvent(event);
+  if (!event->isAutoRepeat() && on_click) on_click();
+}
+
+// Past the label's own, which would make it a text to be edited.
+void LabelWidget::focusInEvent(QFocusEvent* event) { QFrame::focusInEvent(event); }
+void LabelWidget::focusOutEvent(QFocusEvent* event) { QFrame::focusOutEvent(event); }
 
 void LabelWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && on_click && rect().contains(event->position().toPoint()))

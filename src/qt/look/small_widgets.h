@@ -22,19 +22,29 @@ class LabelWidget : public QLabel {
   void set_colors(const QColor& ink, const QColor& ground);
   /// What stands, quietly, in the place of a text that is empty or all blanks. None by default.
   void set_blank_mark(const QString& mark);
+  /// Whether it works as a link: by the keyboard as well, and told as one. To be set before it is
+  /// first shown.
+  void set_pressable(bool pressable);
+  [[nodiscard]] bool pressable() const { return pressable_; }
   std::function<void()> on_click, on_double_click;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
   static constexpr double kRadius = 5;
 
+  /// Whether the mouse is on it and would press it.
+  [[nodiscard]] bool Lit() const;
   void DrawLaid(QPainter& painter) const;
 
   QColor ink_, ground_;  // invalid: not set
+  bool pressable_ = false;
   QString blank_mark_;
   QStaticText laid_;  // what was last drawn
 };

@@ -30,14 +30,17 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       return DrawRounded(*painter, option->rect, Qt::transparent,
                          focus ? tone::kAccent : tone::kLine);
     case PE_PanelLineEdit:
-      return DrawRounded(*painter, option->rect, tone::kGround,
-                         focus ? tone::kAccent : tone::kLine);
+      return DrawField(*option, *painter, widget);
     case PE_IndicatorCheckBox:
       return DrawCheckMark(*option, *painter);
     case PE_IndicatorRadioButton:
       return DrawRadioMark(*option, *painter);
     case PE_FrameFocusRect:
       return DrawRounded(*painter, option->rect, Qt::transparent, tone::kAccent);
+    case PE_Frame:  // of a list that drops down
+      if (!widget || !widget->inherits("QComboBoxPrivateContainer")) break;
+      painter->fillRect(option->rect, tone::kLine);
+      return painter->fillRect(option->rect.adjusted(1, 1, -1, -1), tone::kRaised);
     case PE_PanelTipLabel:
       painter->fillRect(option->rect, tone::kRaised);
       [[fallthrough]];
@@ -48,8 +51,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
       return;
     default:
-      return QProxyStyle::drawPrimitive(element, option, painter, widget);
+      break;
   }
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -116,16 +120,23 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
                            *painter);
     }
   }
+  if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+      box && control == CC_ComboBox) {
+    return DrawComboBox(*box, subControlRect(control, option, SC_ComboBoxArrow, widget), *painter);
+  }
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-// Scroll bars without arrows: the slider has the whole length.
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                             SubControl part, const QWidget* widget) const {
+  if (control == CC_ComboBox && (part == SC_ComboBoxArrow || part == SC_ComboBoxEditField)) {
+    return visualRect(option->direction, option->rect, ComboBoxPart(option->rect, part));
+  }
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
   if (control != CC_ScrollBar || !bar) {
     return QProxyStyle::subControlRect(control, option, part, widget);
   }
+  // Scroll bars have no arrows: the slider has the whole length.
   const bool flat = bar->orientation == Qt::Horizontal;
   const QRect& all = bar->rect;
   const int room = flat ? all.width() : all.height();

@@ -1,6 +1,7 @@
 #include "qt/look/style_parts.h"
 
 #include <QPainterPath>
+#include <QWidget>
 
 #include "qt/look/theme.h"
 
@@ -43,6 +44,41 @@ void DrawButtonPanel(const QStyleOption& option, QPainter& painter) {
   DrawRounded(painter, option.rect, fill, line);
   if (focus)
     DrawRounded(painter, QRectF(option.rect).adjusted(1, 1, -1, -1), Qt::transparent, line);
+}
+
+void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget) {
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&option);
+  if (frame && frame->lineWidth == 0) return;
+  const bool fixed = option.state.testFlag(QStyle::State_ReadOnly);
+  const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+  QColor ground = fixed ? tone::kWindow : tone::kGround;
+  if (widget && widget->testAttribute(Qt::WA_SetPalette)) {
+    ground = option.palette.color(QPalette::Base);
+  }
+  const QColor line = fixed ? Mix(tone::kWindow, tone::kLine, 0.6) : tone::kLine;
+  DrawRounded(painter, option.rect, ground, focus ? tone::kAccent : line);
+}
+
+void DrawComboBox(const QStyleOptionComboBox& option, const QRect& arrow, QPainter& painter) {
+  const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+  const bool focus = option.state.testFlag(QStyle::State_HasFocus);
+  const bool lit = enabled && (option.state & (QStyle::State_MouseOver | QStyle::State_On));
+  DrawRounded(painter, option.rect, option.editable ? tone::kGround : tone::kRaised,
+              focus ? tone::kAccent : tone::kLine);
+  const QPointF c = QRectF(arrow).center();
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = enabled ? (lit ? tone::kText : tone::kMuted) : tone::kLine;
+  painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygonF({c + QPointF(-4, -2), c + QPointF(0, 2), c + QPointF(4, -2)}));
+  painter.restore();
+}
+
+QRect ComboBoxPart(const QRect& all, QStyle::SubControl part) {
+  constexpr int kArrow = 26, kEdge = 2;
+  const QRect text = all.adjusted(kEdge, kEdge, -kArrow, -kEdge);
+  if (part == QStyle::SC_ComboBoxEditField) return text;
+  return QRect(text.right() + 1, all.top(), kArrow, all.height());
 }
 
 void DrawCheckMark(const QStyleOption& option, QPainter& painter) {

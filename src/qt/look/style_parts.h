@@ -12,6 +12,12 @@ void DrawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, cons
                  double radius = 5);
 [[nodiscard]] bool IsDefaultButton(const QStyleOption& option);
 void DrawButtonPanel(const QStyleOption& option, QPainter& painter);
+/// The ground of a text field, in its own colours where it has some; quieter where it is read only.
+/// Nothing for the field inside of another control.
+void DrawField(const QStyleOption& option, QPainter& painter, const QWidget* widget);
+void DrawComboBox(const QStyleOptionComboBox& option, const QRect& arrow, QPainter& painter);
+/// Where the arrow of a combo box stands, or its text, in the box `all`.
+[[nodiscard]] QRect ComboBoxPart(const QRect& all, QStyle::SubControl part);
 void DrawCheckMark(const QStyleOption& option, QPainter& painter);
 void DrawRadioMark(const QStyleOption& option, QPainter& painter);
 /// The sign of a title bar's button in the middle of `rect`, with the pen of the painter.

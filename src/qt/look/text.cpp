@@ -4,6 +4,15 @@
 
 namespace qt {
 
+QString OneLine(QString text) {
+  text.replace(QLatin1Char('\t'), QStringLiteral("  "));
+  for (QChar& character : text) {
+    const bool breaks = character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+    if (breaks || character.category() == QChar::Other_Control) character = QLatin1Char(' ');
+  }
+  return text;
+}
+
 QString ToolTipText(std::string_view plain) {
   while (!plain.empty() && plain.back() == ' ') plain.remove_suffix(1);
   const QString text = Text(plain);

@@ -10,6 +10,9 @@ namespace qt {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+/// Outside text in one line: a tab becomes two blanks, any other control character one.
+[[nodiscard]] QString OneLine(QString text);
+
 /// A tool tip that shows `plain` as it stands, whatever markup it looks like, without the blanks at
 /// its end. A long one is broken into lines.
 [[nodiscard]] QString ToolTipText(std::string_view plain);

@@ -7,6 +7,8 @@
 #include <QScrollBar>
 
 #include "qt/look/binders.h"
+#include "qt/look/list_columns.h"
+#include "qt/look/theme.h"
 
 namespace {
 
@@ -125,6 +127,47 @@ TEST_F(ListWidgetTest, FollowsItsEndOnlyWhileTheReaderIsThere) {
   widget->verticalScrollBar()->setValue(30);
   Add(100);
   EXPECT_EQ(bar.value(), 30);
+}
+
+TEST_F(ListWidgetTest, CellsStandInColumnsAndAreToldWithoutTabs) {
+  list.Clear();
+  const auto line = [this] {
+    widget->Refresh();
+    return widget->model()->index(0, 0).data().toString();
+  };
+  list.AddItem("7\tTEF\x01\t12.50");
+  EXPECT_EQ(line(), "7  TEF   12.50");
+  widget->set_cells([](const QString& text) { return text.split('\t'); }, {Qt::AlignRight});
+  EXPECT_EQ(line(), "7  TEF  12.50");
+  widget->grab();
+  list.Clear();
+  EXPECT_NO_FATAL_FAILURE(widget->grab()) << "gone before the next frame";
+}
+
+TEST(ListColumns, AreAsWideAsTheirWidestCellsAndLookOnlyAtNewLines) {
+  int looks = 0;
+  qt::ListColumns columns(
+      [&looks](const QString& line) {
+        ++looks;
+        return line.split('\t');
+      },
+      {});
+  const QFont font = qt::TextFont();
+  const QFontMetrics metrics(font);
+  const auto width = [&](const char* text) { return metrics.horizontalAdvance(text); };
+  std::vector<std::string> lines{"WWWWWWWWWW\t1", "i\t1000.00"};
+  columns.Measure(lines, font);
+  const int gap = columns.width() - width("WWWWWWWWWW") - width("1000.00");
+  EXPECT_GE(gap, 10);
+  lines.push_back("i\t1\tmás");
+  columns.Measure(lines, font);
+  EXPECT_EQ(looks, 3) << "only the new line";
+  const int whole = columns.width();
+  EXPECT_EQ(whole,
+            width("WWWWWWWWWW") + width("1000.00") + metrics.horizontalAdvance("más") + 2 * gap);
+  lines.assign({"i\t1"});
+  columns.Measure(lines, font);
+  EXPECT_EQ(columns.width(), width("i") + width("1") + gap);
 }
 
 }  // namespace

@@ -1,0 +1,138 @@
+#include "qt/look/combo_bond.h"
+
+#include <algorithm>
+#include <array>
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "qt/look/text.h"
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+constexpr int kMargin = 9, kRowHeight = 28, kRows = 12, kWidestPopup = 480, kLeastCharacters = 12;
+
+class EntryDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    const bool lit = option.state.testFlag(QStyle::State_Selected);
+    if (lit) painter->fillRect(option.rect, tone::kAccent);
+    const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+    painter->setFont(option.font);
+    painter->setPen(lit ? tone::kOnAccent : tone::kText);
+    painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(Shown(index), Qt::ElideRight, room.width()));
+  }
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override {
+    return {option.fontMetrics.horizontalAdvance(Shown(index)) + 2 * kMargin, kRowHeight};
+  }
+
+ private:
+  /// Without the blanks at the end, which are often many.
+  static QString Shown(const QModelIndex& index) {
+    QString entry = OneLine(index.data().toString());
+    while (entry.endsWith(QLatin1Char(' '))) entry.chop(1);
+    return entry;
+  }
+};
+
+bool OpensOrSteps(const QEvent& event) {
+  if (event.type() == QEvent::MouseButtonPress) return true;
+  if (event.type() != QEvent::KeyPress) return false;
+  constexpr std::array kKeys{Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown,
+                             Qt::Key_F4};
+  return std::ranges::find(kKeys, static_cast<const QKeyEvent&>(event).key()) != kKeys.end();
+}
+
+}  // namespace
+
+ComboBond::ComboBond(platform::ComboBox& box, QComboBox& widget, QObject* parent)
+    : QObject(parent), box_(box), widget_(widget) {
+  widget.setEditable(true);
+  widget.setInsertPolicy(QComboBox::NoInsert);
+  widget.setCompleter(nullptr);
+  widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  if (widget.minimumContentsLength() == 0) widget.setMinimumContentsLength(kLeastCharacters);
+  widget.setMaxVisibleItems(kRows);
+  widget.setItemDelegate(new EntryDelegate(&widget));
+  QLineEdit* line = widget.lineEdit();
+  line->setTextMargins(6, 0, 0, 0);
+  // Qt would take a text that is left typed for the choice of the entry that reads the same.
+  disconnect(line, &QLineEdit::editingFinished, &widget, nullptr);
+  connect(line, &QLineEdit::textEdited, this,
+          [this](const QString& text) { box_.set_text(text.toStdString()); });
+  connect(&widget, &QComboBox::activated, this, &ComboBond::Choose);
+  widget.installEventFilter(this);
+  line->installEventFilter(this);
+}
+
+void ComboBond::Show() {
+  const QString text = Text(box_.text());
+  const bool refilled = shown_ != box_.items();
+  if (refilled) Fill();
+  if (widget_.currentText() == text && !refilled) return;
+  widget_.setEditText(text);
+  FitIndex();
+  if (!widget_.hasFocus()) widget_.lineEdit()->home(false);
+}
+
+void ComboBond::Fill() {
+  widget_.hidePopup();
+  shown_ = box_.items();
+  QLineEdit& line = *widget_.lineEdit();
+  const QString text = line.text();
+  const int at = line.cursorPosition();
+  widget_.clear();
+  for (const std::string& item : shown_) widget_.addItem(Text(item));
+  line.setText(text);
+  line.setCursorPosition(at);
+  QAbstractItemView& list = *widget_.view();
+  const int bar = list.verticalScrollBar()->sizeHint().width() + kMargin;
+  list.setMinimumWidth(qMin(list.sizeHintForColumn(0) + bar, kWidestPopup));
+}
+
+// The entry from which the arrow keys step and that a popup shows lit: it bears the text, whichever
+// of several that do was chosen last. While the user types it is left alone, as Qt moves the cursor
+// along with it.
+void ComboBond::FitIndex() {
+  QLineEdit& line = *widget_.lineEdit();
+  const QString text = line.text();
+  const int index = widget_.currentIndex();
+  if (index >= 0 && widget_.itemText(index) == text) return;
+  const int at = line.cursorPosition();
+  widget_.setCurrentIndex(widget_.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+  if (line.text() != text) line.setText(text);
+  line.setCursorPosition(at);
+}
+
+void ComboBond::Choose(int index) {
+  // An entry of a list that has been filled anew since it was drawn is none.
+  if (shown_ == box_.items()) box_.Click(index);
+  Show();
+}
+
+bool ComboBond::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &widget_ && event->type() == QEvent::Wheel) {
+    event->ignore();
+    return true;
+  }
+  if (watched == &widget_ && OpensOrSteps(*event)) FitIndex();
+  if (watched != &widget_ && event->type() == QEvent::MouseButtonDblClick &&
+      static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+    box_.DoubleClick();
+  }
+  return false;
+}
+
+}  // namespace qt
