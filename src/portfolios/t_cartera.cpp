@@ -1,7 +1,11 @@
 #include "portfolios/t_cartera.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
+
+#include "base/masks.h"
 
 namespace portfolios {
 namespace {
@@ -17,6 +21,12 @@ constexpr std::array kColumns{
     Columna{"Ganancia", Campo::ninguno, 1560},  Columna{"Hora", Campo::Hora, 1110},
 };
 
+constexpr std::array kOthers{
+    Columna{"Efectivo", Campo::Efectivo, 1560}, Columna{"Ponderado", Campo::Medio, 1110},
+    Columna{"Saldos", Campo::Saldo, 1560},      Columna{"Fecha", Campo::Fecha, 1335},
+    Columna{"Pesetas", Campo::Pesetas, 1110},
+};
+
 constexpr std::array<std::string_view, 3> kClosing{"% Gain", "Ganancia", "Hora"};
 
 constexpr views::ColumnTable kTable{
@@ -24,6 +34,7 @@ constexpr views::ColumnTable kTable{
     .design = kColumns,
     .by_flag = {"Anterior", "Apertura", "%D", "Ultimo", "Maximo", "Minimo", "Volumen"},
     .closing = kClosing,
+    .others = kOthers,
 };
 
 constexpr views::GridDesign kDesign{
@@ -34,25 +45,128 @@ constexpr views::GridDesign kDesign{
     .pos = "CA.POS",
     .entrada = 1,
     .registro = 1,
+    .colors = views::ColorFamily::back,
+    .own_columns = kClosing.size(),
 };
+
+// Positions have a code each; where the server doubles a code without end, that isn't to fill the
+// window.
+constexpr std::size_t kMaxFilas = 200;
+
+// What doesn't fit isn't stored; what came as infinity or NaN goes on as it is.
+void Store(float& target, double value) {
+  const auto stored = static_cast<float>(value);
+  if (!std::isinf(stored) || std::isinf(value)) target = stored;
+}
+
+struct Tenencia {
+  float coste = 0, valor = 0;
+};
+
+Tenencia TenenciaDe(const PortfolioStore& portfolios, int p, const store::Instrumento& record) {
+  Tenencia held;
+  for (int k = 1; k <= portfolios.NumPosiciones(p); ++k) {
+    const Operacion& position = portfolios.Posiciones(p, k);
+    if (position.Codigo != record.Codigo) continue;
+    const double titulos = position.Titulos;
+    Store(held.coste, held.coste + titulos * static_cast<double>(position.Precio));
+    Store(held.valor, static_cast<double>(record.Ultimo) * titulos);
+  }
+  return held;
+}
+
+void AppendGain(std::string& out, const Tenencia& held) {
+  const double coste = held.coste, valor = held.valor;
+  if (coste == 0) {
+    out += '0';
+  } else {
+    base::masks::kPercent.Append(out, valor * 100 / coste - 100);
+  }
+}
 
 }  // namespace
 
 TCartera::TCartera(const views::GridContext& context, const PortfolioStore& portfolios)
     : GridView(context, kDesign), portfolios_(portfolios) {}
 
-void TCartera::OnLoad() {}
+void TCartera::OnLoad() {
+  ApplyLook(config(), G);
+  ShowCommands();
+  BuildColumns();
+  LoadLayout();
+  ReadColors(/*write_first=*/false);
+  Timer1.set_enabled(true);
+}
 
-void TCartera::Mostrar(int) { (void)portfolios_; }
+std::vector<TCartera::Valor> TCartera::ValoresDe(int p) const {
+  const store::InstrumentStore& store = context().store;
+  std::vector<Valor> valores;
+  for (int k = 1; k <= portfolios_.NumPosiciones(p); ++k) {
+    const store::Codigo& code = portfolios_.Posiciones(p, k).Codigo;
+    for (std::int16_t slot = store.SiguienteDe(code, 0); slot != 0 && valores.size() < kMaxFilas;
+         slot = store.SiguienteDe(code, slot)) {
+      valores.push_back({slot, store.Instrumentos(slot).Nombre});
+    }
+  }
+  return valores;
+}
 
-void TCartera::ColoresOn() {}
+void TCartera::Mostrar(int p) {
+  if (p < 1 || p > PortfolioStore::kMaxCarteras) return;
+  std::vector<Valor> valores = ValoresDe(p);
+  if (valores_ != valores || std::ssize(valores) != G.rows() - 1) CarteraActual_ = 0;
+  if (p == CarteraActual_) return;
+  ClearRows();
+  CarteraActual_ = static_cast<std::int16_t>(p);
+  valores_ = std::move(valores);
+  for (const Valor& valor : valores_) {
+    AddNameRow(context().store.Instrumentos(valor.slot));
+    negoti(valor.slot);
+  }
+}
 
-void TCartera::negoti(std::int16_t) {}
+void TCartera::ColoresOn() {
+  ReadColors(/*write_first=*/false);
+  BuildColumns();
+  CarteraActual_ = 0;
+}
 
-void TCartera::G_DblClick() { GridView::G_DblClick(); }
+void TCartera::BuildValuedRow(const store::Instrumento& record) {
+  BuildRow(record);
+  const Tenencia held = TenenciaDe(portfolios_, CarteraActual_, record);
+  platform::RowText& row = row_text();
+  AppendGain(row.buffer(), held);
+  row.EndCell();
+  base::masks::kMoney.Append(row.buffer(),
+                             static_cast<double>(held.valor) - static_cast<double>(held.coste));
+  row.EndCell();
+  AppendCell(row.buffer(), Campo::Hora, record);
+  row.EndCell();
+}
+
+void TCartera::negoti(std::int16_t indice) {
+  if (!IsSlot(indice)) return;
+  const store::Instrumento& record = context().store.Instrumentos(indice);
+  name_.clear();
+  views::AppendName(name_, record.Nombre);
+  bool built = false;
+  for (int row = 1; row < G.rows(); ++row) {
+    if (!G.text(row, 0).starts_with(name_)) continue;
+    if (!built) BuildValuedRow(record);
+    built = true;
+    FlashRow(row, RowColor(record));
+  }
+}
+
+void TCartera::G_DblClick() {
+  if (G.mouse_row > 0) return OpenTickets(std::string(G.text(G.mouse_row, 0)));
+  GridView::G_DblClick();
+}
 
 int TCartera::G_BeforeMoveColumn(int from, int to) const {
-  return GridView::G_BeforeMoveColumn(from, to);
+  const int last = G.cols() - 1 - kDesign.own_columns;  // that may move
+  if (from < 1 || from > last) return from;
+  return std::clamp(to, 1, last);
 }
 
 }  // namespace portfolios

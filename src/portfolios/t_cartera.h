@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "portfolios/portfolio_store.h"
@@ -18,9 +19,11 @@ class TCartera : public views::GridView {
   /// The portfolio shown; 0 when the rows must be made anew.
   [[nodiscard]] std::int16_t CarteraActual() const { return CarteraActual_; }
 
-  /// Makes the rows those of portfolio `p`, unless they are already, whatever their order.
+  /// Makes the rows those of portfolio `p`, unless they are already, whatever their order. There is
+  /// one for each position and each instrument of its code, 200 at most. A number that no portfolio
+  /// can have changes nothing.
   void Mostrar(int p);
-  /// Takes the settings anew: colours, headings, rows.
+  /// Takes the settings anew; the rows are then made anew with the next `Mostrar`.
   void ColoresOn();
   /// After a quote: paints every row of the instrument's name with flash; adds none.
   void negoti(std::int16_t indice);
@@ -32,9 +35,20 @@ class TCartera : public views::GridView {
   void OnLoad() override;
 
  private:
+  /// What a row was made for.
+  struct Valor {
+    std::int16_t slot = 0;
+    base::FixedText<20> Nombre;  // as it was then: the row is found by it
+    friend bool operator==(const Valor&, const Valor&) = default;
+  };
+
+  [[nodiscard]] std::vector<Valor> ValoresDe(int p) const;
+  void BuildValuedRow(const store::Instrumento& record);
+
   const PortfolioStore& portfolios_;
   std::int16_t CarteraActual_ = 0;
-  std::vector<std::int16_t> slots_;  // instruments of the rows, in the order of the positions
+  std::vector<Valor> valores_;  // of the rows, in the order of the positions
+  std::string name_;
 };
 
 }  // namespace portfolios

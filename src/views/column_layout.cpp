@@ -20,9 +20,27 @@ bool ReadColFlags(const base::ProgramDir& dir, std::string_view file, ColFlags& 
   return false;
 }
 
-Campo ColumnTable::CampoOf(std::string_view heading) const {
-  const auto found = std::ranges::find(design, heading, &Columna::heading);
-  return found == design.end() ? Campo::ninguno : found->campo;
+Columna ColumnTable::Of(std::string_view heading) const {
+  for (const std::span<const Columna> columns : {design, others}) {
+    const auto found = std::ranges::find(columns, heading, &Columna::heading);
+    if (found != columns.end()) return *found;
+  }
+  return {};
+}
+
+std::vector<std::string_view> ColumnTable::Designed() const {
+  std::vector<std::string_view> headings;
+  for (const Columna& column : design) headings.push_back(column.heading);
+  return headings;
+}
+
+std::vector<std::string_view> ColumnTable::Flagged(const ColFlags& flags) const {
+  std::vector<std::string_view> headings;
+  for (std::size_t k = 1; k < flags.size(); ++k) {
+    if (flags[k] == '1' && !by_flag[k - 1].empty()) headings.push_back(by_flag[k - 1]);
+  }
+  headings.insert(headings.end(), closing.begin(), closing.end());
+  return headings;
 }
 
 }  // namespace views

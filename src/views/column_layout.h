@@ -3,6 +3,7 @@
 #include <array>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "base/program_dir.h"
 #include "views/cell_text.h"
@@ -32,9 +33,15 @@ struct ColumnTable {
   std::array<std::string_view, 12> by_flag;
   /// Headings that follow those of the flags.
   std::span<const std::string_view> closing;
+  /// Headings that are known as well, should a column come to bear one.
+  std::span<const Columna> others{};
 
-  /// What the column of that heading holds.
-  [[nodiscard]] Campo CampoOf(std::string_view heading) const;
+  /// The column of that heading; an empty one where the heading is unknown.
+  [[nodiscard]] Columna Of(std::string_view heading) const;
+  /// The headings of the design.
+  [[nodiscard]] std::vector<std::string_view> Designed() const;
+  /// Those that the flags turn on, then the closing ones.
+  [[nodiscard]] std::vector<std::string_view> Flagged(const ColFlags& flags) const;
 };
 
 }  // namespace views

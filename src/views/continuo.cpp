@@ -71,10 +71,6 @@ void Continuo::ColoresOn() {
   }
 }
 
-base::Color Continuo::RowColor(const store::Instrumento& record) const {
-  return record.Anterior > record.Ultimo ? config().VentanaBaja : config().VentanaSube;
-}
-
 void Continuo::negoti(std::int16_t indice) {
   if (!IsSlot(indice)) return;
   const store::Instrumento& record = context().store.Instrumentos(indice);

@@ -21,9 +21,6 @@ class Continuo : public GridView {
 
  protected:
   void OnLoad() override;
-
- private:
-  [[nodiscard]] base::Color RowColor(const store::Instrumento& record) const;
 };
 
 }  // namespace views

@@ -1,5 +1,7 @@
 #include "views/grid_view.h"
 
+#include <map>
+
 #include "base/val.h"
 #include "views/layout_file.h"
 
@@ -15,6 +17,16 @@ constexpr int kGridLeft = -12;
 constexpr platform::Rect kFirstButton{120, 90, 1320, 420};
 constexpr int kButtonStep = 1440;
 constexpr platform::Rect kName{5940, 165, 4500, 270};
+constexpr std::string_view kNameHeading = "Instrumento";
+
+// Of what stands left first, where two columns bear one heading.
+std::map<std::string, int, std::less<>> WidthsByHeading(const platform::Grid& grid) {
+  std::map<std::string, int, std::less<>> widths;
+  for (int c = 0; c < grid.cols(); ++c) {
+    widths.try_emplace(std::string(grid.text(0, c)), grid.width(c));
+  }
+  return widths;
+}
 
 }  // namespace
 
@@ -80,37 +92,29 @@ void GridView::ReadColors(bool write_first) {
 
 void GridView::BuildColumns(int flagged_width) {
   const ColumnTable& table = design_.columns;
-  const int known = G.cols();
-  G.set_cols(static_cast<int>(table.design.size()) + 1);
-  G.set_text(0, 0, "Instrumento");
-  if (known == 0) G.set_width(0, table.name_width);
-  int c = 0;
-  for (const Columna& column : table.design) {
-    G.set_text(0, ++c, column.heading);
-    if (c < known) continue;
-    G.set_width(c, column.width);
-    G.set_align(c, platform::Align::right);
-  }
-  if (!ReadColFlags(context_.dir, design_.cam, ColFlags)) return;
+  const bool by_file = ReadColFlags(context_.dir, design_.cam, ColFlags);
+  const std::vector<std::string_view> headings =
+      by_file ? table.Flagged(ColFlags) : table.Designed();
+  const std::size_t equal_widths =
+      by_file && flagged_width > 0 ? headings.size() - table.closing.size() : 0;
 
-  c = 0;
-  const auto add = [&](std::string_view heading) {
-    G.set_text(0, ++c, heading);
-    G.set_align(c, platform::Align::right);
+  const auto former = WidthsByHeading(G);
+  const auto put = [&](int c, std::string_view heading, int width) {
+    G.set_text(0, c, heading);
+    const auto known = former.find(heading);
+    G.set_width(c, known == former.end() ? width : known->second);
   };
-  for (std::size_t k = 1; k < ColFlags.size(); ++k) {
-    if (ColFlags[k] != '1' || table.by_flag[k - 1].empty()) continue;
-    add(table.by_flag[k - 1]);
-    G.set_width(c, flagged_width);
+  G.set_cols(static_cast<int>(headings.size()) + 1);
+  put(0, kNameHeading, table.name_width);
+  for (std::size_t k = 0; k < headings.size(); ++k) {
+    const int c = static_cast<int>(k) + 1;
+    put(c, headings[k], table.Of(headings[k]).width);
+    if (k < equal_widths) G.set_width(c, flagged_width);
+    G.set_align(c, platform::Align::right);
   }
-  for (const std::string_view heading : table.closing) add(heading);
-  G.set_cols(c + 1);
 }
 
-void GridView::LoadLayout() {
-  const platform::Window& main = platform().windows.at(0);
-  ReadLayout(context_.dir, design_.pos, main.inner_width(), main.inner_height(), *this, G);
-}
+void GridView::LoadLayout() { ReadLayout(context_.dir, design_.pos, *this, G); }
 
 void GridView::Form_Resize() {
   platform::Rect bar = Picture1.rect();
@@ -145,10 +149,7 @@ void GridView::Command4_Click() {
 
 void GridView::Timer1_Timer() {
   if (G.rows() < 2) return;
-  for (int row = 1; row < G.rows(); ++row) {
-    Fila& fila = FilaAt(row);
-    if (fila.FilaFlash > 0) ClearFlash(row, fila);
-  }
+  ClearFlashes();
   HoverTicks = base::CheckedIncrement(HoverTicks);
   if (HoverTicks > kTicksToHide && bar_.shown()) bar_.SlideOut();
 }

@@ -32,6 +32,12 @@ struct GridContext {
   const std::int16_t& FaseCierre;
 };
 
+/// What a view does with the colour of a row, and which text changed cells take on Color..Fondo.
+enum class ColorFamily {
+  text,  // it is the row's text at rest; changed cells take ColorMov..
+  back   // it is the back of the name, and at rest of the whole row; they take Color..Texto
+};
+
 /// What tells one grid view from another. Constants.
 struct GridDesign {
   std::string_view caption;
@@ -40,6 +46,8 @@ struct GridDesign {
   std::string_view cam, pos;  // its files
   int entrada = 1;            // entry of ConfigVentanas
   int registro = 1;           // record of "COLORES.SET"
+  ColorFamily colors = ColorFamily::text;
+  int own_columns = 0;  // last columns, whose cells the view adds to the built row itself
 };
 
 /// A market view: one grid under a command bar that slides away, one row per instrument. Shows the
@@ -92,15 +100,21 @@ class GridView : public platform::Window {
 
   // Frame, used at load and when the settings have changed.
   void ReadColors(bool write_first);
-  /// Headings by design or by file. Columns that are new get the design's width; those that a flag
-  /// turns on `flagged_width`.
-  void BuildColumns(int flagged_width);
+  /// Headings by design or by file. A heading that was there keeps its width, a new one gets the
+  /// design's; those that a flag turns on all get `flagged_width` where it isn't 0.
+  void BuildColumns(int flagged_width = 0);
   void LoadLayout();
   void ShowCommands();
 
   // Rows.
   void AddNameRow(const store::Instrumento& record);
+  /// Leaves the heading alone.
+  void ClearRows();
   void BuildRow(const store::Instrumento& record);
+  /// The built row, for the cells of its own columns.
+  [[nodiscard]] platform::RowText& row_text() { return row_text_; }
+  /// By the config: that of a fall where `Anterior` is above `Ultimo`.
+  [[nodiscard]] base::Color RowColor(const store::Instrumento& record) const;
   /// First row with the built row's name; 0 when there is none.
   [[nodiscard]] int FindRow();
   /// The slot's remembered row, else the first one with its name, which is then remembered.
@@ -113,6 +127,8 @@ class GridView : public platform::Window {
   void InsertRow(base::Color color);
   /// Sorts by `col` and selects the first cell.
   void SortRows(int col);
+  /// Of every instrument of that name that has no window yet.
+  void OpenTickets(const std::string& name);
 
   views::ColFlags ColFlags{};
   ColorRecord Colores;
@@ -123,16 +139,17 @@ class GridView : public platform::Window {
   struct Fila {
     std::int16_t FilaFlash = 0;  // above 0 while the row carries flash colours
     std::int16_t FilaTicks = 0;  // ticks it has been seen so
-    base::Color FilaColor = 0;   // text colour at rest
+    base::Color FilaColor = 0;   // text or back colour at rest, by family
   };
 
   void Design();
   void Wire();
+  [[nodiscard]] bool IsLit(int row, const Fila& fila) const;
+  void ClearFlashes();
   void ClearFlash(int row, Fila& fila);
   void CompileHeadings();
   [[nodiscard]] Fila& FilaAt(int row);
   void ShowCode(std::string_view name);
-  void OpenTickets(const std::string& name);
   template <typename Visit>
   void ForEachNamed(std::string_view name, const Visit& visit);
 

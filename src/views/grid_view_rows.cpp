@@ -28,7 +28,9 @@ GridView::Fila& GridView::FilaAt(int row) {
 void GridView::CompileHeadings() {
   heading_changes_ = G.heading_changes();
   campos_.clear();
-  for (int c = 1; c < G.cols(); ++c) campos_.push_back(design_.columns.CampoOf(G.text(0, c)));
+  for (int c = 1; c < G.cols() - design_.own_columns; ++c) {
+    campos_.push_back(design_.columns.Of(G.text(0, c)).campo);
+  }
 }
 
 void GridView::BuildRow(const store::Instrumento& record) {
@@ -46,6 +48,16 @@ void GridView::AddNameRow(const store::Instrumento& record) {
   name_.clear();
   AppendName(name_, record.Nombre);
   G.set_text(G.AddRow(), 0, name_);
+}
+
+void GridView::ClearRows() {
+  G.set_rows(1);
+  filas_.clear();
+  FilaDeInstrumento.fill(0);
+}
+
+base::Color GridView::RowColor(const store::Instrumento& record) const {
+  return record.Anterior > record.Ultimo ? config().VentanaBaja : config().VentanaSube;
 }
 
 int GridView::FindRow() { return names_.Find(base::Trim(row_text_.cell(0))); }
@@ -69,10 +81,14 @@ void GridView::FlashRow(int row, base::Color color) {
   }
   G.set_row_text(row, row_text_);
   FilaAt(row) = {.FilaFlash = 1, .FilaTicks = 0, .FilaColor = color};
-  for (int c = 0; c <= last; ++c) {
+  const bool by_text = design_.colors == ColorFamily::text;
+  if (!by_text) G.set_colors(row, 0, Colores.ColorNormalTexto, color);
+  const base::Color rising = by_text ? Colores.ColorMovSube : Colores.ColorSubeTexto;
+  const base::Color falling = by_text ? Colores.ColorMovBaja : Colores.ColorBajaTexto;
+  for (int c = 1; c <= last; ++c) {
     const int move = moves_[static_cast<std::size_t>(c)];
-    if (move > 0) G.set_colors(row, c, Colores.ColorMovSube, Colores.ColorSubeFondo);
-    if (move < 0) G.set_colors(row, c, Colores.ColorMovBaja, Colores.ColorBajaFondo);
+    if (move > 0) G.set_colors(row, c, rising, Colores.ColorSubeFondo);
+    if (move < 0) G.set_colors(row, c, falling, Colores.ColorBajaFondo);
   }
 }
 
@@ -87,11 +103,28 @@ void GridView::PaintRow(int row, base::Color color) {
   for (int c = 0; c < G.cols(); ++c) G.set_fore(row, c, color);
 }
 
+bool GridView::IsLit(int row, const Fila& fila) const {
+  if (design_.colors == ColorFamily::text) {
+    return fila.FilaFlash > 0 && G.back(row, G.cols() - 1) != config().VentanaFondo;
+  }
+  return G.fore(row, G.cols() - 1) != Colores.ColorNormalTexto;
+}
+
+void GridView::ClearFlashes() {
+  for (int row = 1; row < G.rows(); ++row) {
+    Fila& fila = FilaAt(row);
+    if (IsLit(row, fila)) ClearFlash(row, fila);
+  }
+}
+
 void GridView::ClearFlash(int row, Fila& fila) {
-  if (G.back(row, G.cols() - 1) == config().VentanaFondo) return;
   if (++fila.FilaTicks <= kTicksLit) return;
   fila.FilaTicks = fila.FilaFlash = 0;
-  G.set_row_colors(row, 0, fila.FilaColor, platform::Grid::kUnset);
+  if (design_.colors == ColorFamily::text) {
+    G.set_row_colors(row, 0, fila.FilaColor, platform::Grid::kUnset);
+  } else {
+    G.set_row_colors(row, 1, Colores.ColorNormalTexto, fila.FilaColor);
+  }
 }
 
 void GridView::InsertRow(base::Color color) {

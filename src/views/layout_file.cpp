@@ -1,6 +1,5 @@
 #include "views/layout_file.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -14,7 +13,7 @@ namespace {
 
 constexpr std::size_t kRecord = sizeof(std::int16_t);
 constexpr std::int64_t kFirstWidth = 5;
-constexpr int kMinSize = 1000;  // of a window, and of what must stay in sight of it
+constexpr int kMinSize = 1000;  // of a window
 constexpr std::size_t kMaxFile = 65536;
 
 std::optional<int> ReadRecord(const base::RecordFile& file, std::int64_t n) {
@@ -24,21 +23,16 @@ std::optional<int> ReadRecord(const base::RecordFile& file, std::int64_t n) {
   return value;
 }
 
-int BringBack(int place, int area) {
-  if (area <= 0) return std::max(place, 0);
-  return std::clamp(place, 0, std::max(area - kMinSize, 0));
-}
-
 }  // namespace
 
-void ReadLayout(const base::ProgramDir& dir, std::string_view file, int area_width, int area_height,
-                platform::Window& window, platform::Grid& grid) {
+void ReadLayout(const base::ProgramDir& dir, std::string_view file, platform::Window& window,
+                platform::Grid& grid) {
   const base::RecordFile records(dir.Path(file), kRecord);
   if (records.length() <= 10) return;
   const auto height = ReadRecord(records, 1), width = ReadRecord(records, 2);
   const auto left = ReadRecord(records, 3), top = ReadRecord(records, 4);
   if (height && width && left && top && *height >= kMinSize && *width >= kMinSize) {
-    window.set_rect({BringBack(*left, area_width), BringBack(*top, area_height), *width, *height});
+    window.set_rect({*left, *top, *width, *height});
   }
   for (int k = 0; k < grid.cols(); ++k) {
     if (const auto value = ReadRecord(records, kFirstWidth + k)) grid.set_width(k, *value);

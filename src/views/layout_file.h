@@ -11,10 +11,10 @@
 namespace views {
 
 /// Applies the file where it is longer than 10 bytes. Widths that no column can have are left out;
-/// so is a window smaller than 1000 either way. One outside the main window's inner area is brought
-/// back; an area of 0 isn't known yet.
-void ReadLayout(const base::ProgramDir& dir, std::string_view file, int area_width, int area_height,
-                platform::Window& window, platform::Grid& grid);
+/// so is a window smaller than 1000 either way. Its place is taken as it stands: what room there is
+/// shows only when the window does.
+void ReadLayout(const base::ProgramDir& dir, std::string_view file, platform::Window& window,
+                platform::Grid& grid);
 
 /// Writes the file. The record of a value that doesn't fit keeps its bytes, as does what follows
 /// the last column.

@@ -1,6 +1,5 @@
 #include "views/continuo.h"
 
-#include <map>
 #include <memory>
 #include <random>
 
@@ -51,28 +50,16 @@ class Board : public ViewTest {
     for (int n = 0; n < 2; ++n) board->Timer1_Timer();
   }
   void Mouse(int row, int col, const std::function<void()>& hook) {
-    board->G.mouse_row = row;
-    board->G.mouse_col = col;
-    hook();
+    support::Mouse(board->G, row, col, hook);
   }
   void DoubleClick(int row, int col) { Mouse(row, col, board->G.on_double_click); }
 
   /// "+" a rising cell, "-" a falling one; at rest ">" with the rising row colour, "<" the falling.
   [[nodiscard]] std::string Marks(int row) const {
-    const std::map<std::pair<base::Color, base::Color>, char> marks{
-        {{15, 2}, '+'}, {{15, 4}, '-'}, {{10, 0}, '>'}, {{12, 0}, '<'}};
-    std::string text;
-    for (int c = 0; c < board->G.cols(); ++c) {
-      const auto mark = marks.find({board->G.fore(row, c), board->G.back(row, c)});
-      text += mark == marks.end() ? '?' : mark->second;
-    }
-    return text;
+    return support::Marks(board->G, row,
+                          {{{15, 2}, '+'}, {{15, 4}, '-'}, {{10, 0}, '>'}, {{12, 0}, '<'}});
   }
-  [[nodiscard]] std::string Initials() const {
-    std::string names;
-    for (int row = 1; row < board->G.rows(); ++row) names += board->G.text(row, 0)[0];
-    return names;
-  }
+  [[nodiscard]] std::string Initials() const { return support::Initials(board->G); }
 
   views::ConfigVentanas config;
   std::unique_ptr<views::Continuo> board;

@@ -19,10 +19,6 @@ class LayoutFile : public ViewTest {
     grid.set_width(1, 600);
     window.set_rect({1, 2, 3000, 4000});
   }
-  void Read(std::string_view file, int area_height = 8000) {
-    temp.Write("X.POS", file);
-    views::ReadLayout(dir, "X.POS", 9000, area_height, window, grid);
-  }
   std::string Written() {
     views::WriteLayout(dir, "X.POS", window, grid);
     return temp.Read("X.POS");
@@ -41,20 +37,18 @@ TEST_F(LayoutFile, TakesOnlyWhatMakesSense) {
   const Rect design{1, 2, 3000, 4000};
   const Case cases[]{
       {I16(2000) + I16(2000) + I16(9) + I16(9) + I16(700), design, 500, 600},  // 10 bytes
-      {I16(2000) + I16(2500) + I16(9) + I16(8) + I16(700) + "x", {9, 8, 2500, 2000}, 700, 600},
+      {I16(2000) + I16(2500) + I16(-9) + I16(8) + I16(700) + "x", {-9, 8, 2500, 2000}, 700, 600},
       {I16(999) + I16(2000) + I16(9) + I16(9) + I16(0) + I16(15001), design, 0, 600},
       {I16(2000) + I16(-1) + I16(9) + I16(9) + I16(-1) + I16(15000), design, 500, 15000},
-      {I16(2000) + I16(2000) + I16(-9) + I16(32767) + I16(1) + I16(1), {0, 7000, 2000, 2000}, 1, 1},
   };
   for (const Case& c : cases) {
     Reset();
-    Read(c.file);
+    temp.Write("X.POS", c.file);
+    views::ReadLayout(dir, "X.POS", window, grid);
     EXPECT_EQ(window.rect(), c.rect);
     EXPECT_EQ(grid.width(0), c.first);
     EXPECT_EQ(grid.width(1), c.second);
   }
-  Read(cases[4].file, 0);
-  EXPECT_EQ(window.rect().top, 32767);
 }
 
 TEST_F(LayoutFile, LeavesTheRecordsOfWhatDoesNotFit) {
