@@ -1,17 +1,125 @@
 #include "portfolios/portfolio_store.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/ansi.h"
+#include "base/masks.h"
+#include "base/record_file.h"
+#include "base/text.h"
+
 namespace portfolios {
+namespace {
+
+constexpr const char* kFicheroCarteras = "Carteras.QRT";
+constexpr const char* kFicheroOperaciones = "Operaciones.QRT";
+constexpr std::string_view kDobleBlanco = "  ";
+
+template <typename Record>
+std::optional<Record> ReadRecord(const base::RecordFile& file, std::int64_t n) {
+  std::string bytes;
+  if (!file.Read(n, bytes)) return std::nullopt;
+  return Record::Decode(bytes);
+}
+
+template <typename Record>
+std::int64_t WholeRecords(const base::RecordFile& file) {
+  return file.length() / static_cast<std::int64_t>(Record::kSize);
+}
+
+// Half a record or more at the end counts as one; it can't be read, so its slot is empty.
+template <typename Record>
+void Load(const base::RecordFile& file, int most, Tabla<Record>& table) {
+  const double count = std::nearbyint(static_cast<double>(file.length()) / Record::kSize);
+  const int slots = static_cast<int>(std::min<double>(count, most));
+  table.records.assign(static_cast<std::size_t>(slots) + 1, Record{});
+  for (int n = 1; n <= slots; ++n) {
+    if (const auto record = ReadRecord<Record>(file, n)) {
+      table.records[static_cast<std::size_t>(n)] = *record;
+    }
+  }
+  table.in_file = static_cast<int>(std::min<std::int64_t>(slots, WholeRecords<Record>(file)));
+}
+
+// Reads what the file has beyond what we know of it (another terminal added it, or the file
+// couldn't be read before) and puts it in front of what the file still lacks. False where that
+// can't be done: nothing may be written then.
+template <typename Record>
+bool TakeIn(const base::RecordFile& file, int most, Tabla<Record>& table) {
+  if (!file.is_open()) return false;
+  const std::int64_t whole = WholeRecords<Record>(file);
+  table.in_file = static_cast<int>(std::min<std::int64_t>(table.in_file, whole));
+  while (table.in_file < whole) {
+    const auto record = ReadRecord<Record>(file, table.in_file + 1);
+    if (!record || table.count() >= most) return false;
+    table.records.insert(table.records.begin() + table.in_file + 1, *record);
+    ++table.in_file;
+  }
+  return true;
+}
+
+// Each record in one write, none before the one in front of it.
+void Append(base::RecordFile& file, Tabla<Operacion>& journal) {
+  while (journal.in_file < journal.count() &&
+         file.Write(journal.in_file + 1, journal[journal.in_file + 1].Encode())) {
+    ++journal.in_file;
+  }
+  (void)file.Flush();
+}
+
+// What the file has stays in it as it is.
+void Replace(const base::RecordFile& file, const std::string& path,
+             Tabla<FichaCartera>& portfolios) {
+  std::string content, record;
+  for (int i = 1; i <= portfolios.count(); ++i) {
+    if (i > portfolios.in_file) {
+      record = portfolios[i].Encode();
+    } else if (!file.Read(i, record)) {
+      return;
+    }
+    content += record;
+  }
+  if (file.writable() && base::ReplaceFile(path, content)) portfolios.in_file = portfolios.count();
+}
+
+std::optional<std::int32_t> Narrow(std::int64_t shares) {
+  const auto narrow = static_cast<std::int32_t>(shares);
+  return narrow == shares ? std::optional(narrow) : std::nullopt;
+}
+
+// The shares that a position has after `operation`.
+std::optional<std::int32_t> NewTitulos(std::int64_t held, const Operacion& operation) {
+  const bool sale = operation.Sentido == Operacion::kVenta;
+  return Narrow(sale ? held - operation.Titulos : held + operation.Titulos);
+}
+
+// The old price stays where there is no new one, or none that fits.
+void Promediar(Operacion& position, double cost) {
+  if (position.Titulos == 0) return;
+  const double price = cost / position.Titulos;
+  if (std::abs(price) <= std::numeric_limits<float>::max()) {
+    position.Precio = static_cast<float>(price);
+  }
+}
+
+void Sumar(Operacion& position, const Operacion& operation) {
+  double cost = static_cast<double>(position.Precio) * position.Titulos;
+  cost = static_cast<double>(operation.Precio) * operation.Titulos + cost;
+  const auto shares = NewTitulos(position.Titulos, operation);
+  if (!shares) return;
+  position.Titulos = *shares;
+  if (operation.Sentido == Operacion::kCompra) Promediar(position, cost);
+}
+
+}  // namespace
 
 PortfolioStore::PortfolioStore(const base::ProgramDir& dir, platform::ComboBox& selector)
-    : dir_(dir), selector_(selector), carteras_(1), operaciones_(1) {}
-
-const FichaCartera& PortfolioStore::Carteras(int i) const {
-  return carteras_[i >= 1 && i <= NumCarteras() ? static_cast<std::size_t>(i) : 0];
-}
-
-const Operacion& PortfolioStore::Operaciones(int i) const {
-  return operaciones_[i >= 1 && i <= NumOperaciones() ? static_cast<std::size_t>(i) : 0];
-}
+    : dir_(dir), selector_(selector) {}
 
 int PortfolioStore::NumPosiciones(int cartera) const {
   if (cartera < 0 || cartera > kMaxCarteras) return 0;
@@ -23,20 +131,75 @@ const Operacion& PortfolioStore::Posiciones(int cartera, int j) const {
   return posiciones_[static_cast<std::size_t>(cartera)][static_cast<std::size_t>(j - 1)];
 }
 
-int PortfolioStore::BuscarCartera(const base::FixedText<25>&) const { return 0; }
+int PortfolioStore::BuscarCartera(const base::FixedText<25>& name) const {
+  for (int i = 1; i <= NumCarteras(); ++i) {
+    if (carteras_[i].Nombre == name) return i;
+  }
+  return 0;
+}
 
-std::string PortfolioStore::NombreCorto(int) const { return {}; }
+std::string PortfolioStore::NombreCorto(int i) const {
+  const std::string_view name = Carteras(i).Nombre.bytes();
+  return base::AnsiToUtf8(name.substr(0, base::Find(name, kDobleBlanco)));
+}
 
-void PortfolioStore::CargarCarteras() { LlenarSelector(); }
+void PortfolioStore::CargarCarteras() {
+  Load(base::RecordFile(dir_.Path(kFicheroCarteras), FichaCartera::kSize), kMaxCarteras, carteras_);
+  LlenarSelector();
+  Load(base::RecordFile(dir_.Path(kFicheroOperaciones), Operacion::kSize), kMaxOperaciones,
+       operaciones_);
+  RecalcularPosiciones();
+}
 
-void PortfolioStore::RecalcularPosiciones() { (void)dir_; }
+void PortfolioStore::RecalcularPosiciones() {
+  for (auto& positions : posiciones_) positions.clear();
+  for (int i = 1; i <= NumOperaciones(); ++i) Anotar(operaciones_[i]);
+}
 
-bool PortfolioStore::AgregarCartera(const FichaCartera&) { return false; }
+void PortfolioStore::Anotar(const Operacion& operacion) {
+  if (operacion.CarteraId < 0 || operacion.CarteraId > kMaxCarteras) return;
+  auto& positions = posiciones_[static_cast<std::size_t>(operacion.CarteraId)];
+  const auto held = std::ranges::find(positions, operacion.Codigo, &Operacion::Codigo);
+  if (held != positions.end()) {
+    const bool known =
+        operacion.Sentido == Operacion::kCompra || operacion.Sentido == Operacion::kVenta;
+    if (known) Sumar(*held, operacion);
+    return;
+  }
+  const auto shares = NewTitulos(0, operacion);
+  if (!shares || positions.size() >= kMaxPosiciones) return;
+  positions.push_back(operacion);
+  positions.back().Titulos = *shares;
+}
 
-bool PortfolioStore::AgregarOperacion(const Operacion&) { return false; }
+bool PortfolioStore::AgregarCartera(const FichaCartera& record) {
+  const std::string path = dir_.Path(kFicheroCarteras);
+  const base::RecordFile file(path, FichaCartera::kSize);
+  const bool in_step = TakeIn(file, kMaxCarteras, carteras_);
+  const bool room = NumCarteras() < kMaxCarteras;
+  if (room) carteras_.records.push_back(record);
+  LlenarSelector();
+  if (room && in_step) Replace(file, path, carteras_);
+  return room;
+}
 
-void PortfolioStore::LlenarSelector() { selector_.Clear(); }
+bool PortfolioStore::AgregarOperacion(const Operacion& record) {
+  base::RecordFile file(dir_.Path(kFicheroOperaciones), Operacion::kSize);
+  const bool in_step = TakeIn(file, kMaxOperaciones, operaciones_);
+  if (NumOperaciones() >= kMaxOperaciones) return false;
+  operaciones_.records.push_back(record);
+  if (in_step) Append(file, operaciones_);
+  return true;
+}
 
-std::string LineaPosicion(const Operacion&) { return {}; }
+void PortfolioStore::LlenarSelector() {
+  selector_.Clear();
+  for (int i = 1; i <= NumCarteras(); ++i) selector_.AddItem(NombreCorto(i));
+}
+
+std::string LineaPosicion(const Operacion& position) {
+  return base::NumberText(std::int64_t{position.Titulos}) + '\t' + position.Codigo.utf8() + '\t' +
+         base::masks::kPrice.Format(position.Precio);
+}
 
 }  // namespace portfolios

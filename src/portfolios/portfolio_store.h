@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
-#include <string_view>
+#include <cstddef>
+#include <string>
 #include <vector>
 
 #include "base/program_dir.h"
@@ -11,12 +11,25 @@
 
 namespace portfolios {
 
+/// The records of a file in memory. They count from 1: slot 0 is empty.
+template <typename Record>
+struct Tabla {
+  std::vector<Record> records = std::vector<Record>(1);
+  int in_file = 0;  // so many of them, from the first one on, are in the file
+
+  [[nodiscard]] int count() const { return static_cast<int>(records.size()) - 1; }
+  /// The empty one for a number out of range.
+  [[nodiscard]] const Record& operator[](int i) const {
+    return records[i >= 1 && i <= count() ? static_cast<std::size_t>(i) : 0];
+  }
+};
+
 /// The user's portfolios, the journal of their purchases and sales, and the positions that follow
 /// from it. "Carteras.QRT" and "Operaciones.QRT" only grow: what is added is in the file and on the
 /// disk before the call returns; where the disk refuses, the record stays in memory and goes out
-/// with the next one. Files of any content give what can be read of them. Records, positions and
-/// portfolios count from 1; a number out of range gives an empty one. `dir` and `selector` outlive
-/// it.
+/// with the next one. What somebody else has added meanwhile is read first and never written over.
+/// Files of any content give what can be read of them. Records, positions and portfolios count from
+/// 1; a number out of range gives an empty one. `dir` and `selector` outlive it.
 class PortfolioStore {
  public:
   static constexpr int kMaxCarteras = 10, kMaxOperaciones = 500, kMaxPosiciones = 100;
@@ -24,10 +37,10 @@ class PortfolioStore {
   /// `selector` lists the portfolios.
   PortfolioStore(const base::ProgramDir& dir, platform::ComboBox& selector);
 
-  [[nodiscard]] int NumCarteras() const { return static_cast<int>(carteras_.size()) - 1; }
-  [[nodiscard]] const FichaCartera& Carteras(int i) const;
-  [[nodiscard]] int NumOperaciones() const { return static_cast<int>(operaciones_.size()) - 1; }
-  [[nodiscard]] const Operacion& Operaciones(int i) const;
+  [[nodiscard]] int NumCarteras() const { return carteras_.count(); }
+  [[nodiscard]] const FichaCartera& Carteras(int i) const { return carteras_[i]; }
+  [[nodiscard]] int NumOperaciones() const { return operaciones_.count(); }
+  [[nodiscard]] const Operacion& Operaciones(int i) const { return operaciones_[i]; }
   /// As of the last `RecalcularPosiciones`. `cartera` from 0 to kMaxCarteras.
   [[nodiscard]] int NumPosiciones(int cartera) const;
   [[nodiscard]] const Operacion& Posiciones(int cartera, int j) const;
@@ -45,18 +58,19 @@ class PortfolioStore {
   /// doesn't fit, changes nothing.
   void RecalcularPosiciones();
 
-  /// False where the table is full: nothing has changed then. Lists the selector anew.
+  /// False where the table is full: `record` isn't taken then. Lists the selector anew.
   [[nodiscard]] bool AgregarCartera(const FichaCartera& record);
-  /// False where the table is full. Positions stay as they were.
+  /// False where the journal is full: `record` isn't taken then. Positions stay as they were.
   [[nodiscard]] bool AgregarOperacion(const Operacion& record);
 
  private:
   void LlenarSelector();
+  void Anotar(const Operacion& operacion);
 
   const base::ProgramDir& dir_;
   platform::ComboBox& selector_;
-  std::vector<FichaCartera> carteras_;  // slot 0 is empty
-  std::vector<Operacion> operaciones_;  // slot 0 is empty
+  Tabla<FichaCartera> carteras_;
+  Tabla<Operacion> operaciones_;
   std::array<std::vector<Operacion>, kMaxCarteras + 1> posiciones_;
 };
 
