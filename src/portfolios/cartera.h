@@ -32,6 +32,8 @@ class Cartera : public platform::Window {
  private:
   void PrepararControles();
   [[nodiscard]] bool Completa() const;
+  [[nodiscard]] FichaCartera Ficha() const;
+  void Vaciar();
   void LlenarLista();
 
   PortfolioStore& portfolios_;

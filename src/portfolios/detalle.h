@@ -17,16 +17,18 @@ class Detalle : public platform::Window {
   platform::ListBox List1;    // operations behind the chosen position
   platform::TextBox Text1;    // valuation; locked, stays as it is
 
-  /// Typing looks for the portfolio that is named in `Text1`.
+  /// Typing looks for a portfolio of the name that stands in `Text1`, not of the one typed.
   void Combo1_Change();
   void Combo1_Click();
+  /// Lists the operations of the chosen code in the portfolio that `Combo1` names.
   void List2_Click();
 
  protected:
   void OnLoad() override;
 
  private:
-  void ListarPosiciones(std::string_view name);
+  void PrepararControles();
+  void MostrarPosiciones(int cartera);
 
   PortfolioStore& portfolios_;
 };

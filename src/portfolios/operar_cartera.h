@@ -59,7 +59,15 @@ class Operar_Cartera : public platform::Window {
  private:
   void PrepararControles();
   [[nodiscard]] bool Completa() const;
-  void ListarPosiciones();
+  [[nodiscard]] store::Codigo CodigoTecleado() const;
+  /// Slot of the code that is typed, the last of several; 0 when nobody knows it.
+  [[nodiscard]] int Instrumento() const;
+  /// kSinNombre when there is none.
+  [[nodiscard]] base::FixedText<25> NombreConocido() const;
+  [[nodiscard]] bool Registrar(int cartera);
+  [[nodiscard]] Operacion Orden(int cartera) const;
+  void Vaciar();
+  void MostrarPosiciones();
 
   const store::InstrumentStore& store_;
   PortfolioStore& portfolios_;

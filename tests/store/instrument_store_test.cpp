@@ -1,5 +1,6 @@
 #include "store/instrument_store.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -32,6 +33,14 @@ InstrumentStore::Scan PlainScan(const InstrumentStore& store, std::string_view c
   return scan;
 }
 
+// The next slot of just this code, blanks included.
+int PlainNext(const InstrumentStore& store, const store::Codigo& code, int after) {
+  for (int slot = std::max(after, 0) + 1; slot <= store.NumInstrumentos(); ++slot) {
+    if (store.Instrumentos(slot).Codigo == code) return slot;
+  }
+  return 0;
+}
+
 TEST(InstrumentStore, FindsAndReplacesWhatAPlainTrimmedScanFinds) {
   std::mt19937 random(7);
   const auto code = [&](std::size_t size) {
@@ -59,6 +68,9 @@ TEST(InstrumentStore, FindsAndReplacesWhatAPlainTrimmedScanFinds) {
     const auto scan = store.Recorrer(wanted);
     ASSERT_EQ(scan.slot, expected.slot) << n;
     ASSERT_EQ(scan.nameless, expected.nameless) << n;
+    const store::Codigo exact(random() % 2 == 0 ? wanted : record.Codigo.bytes());
+    const auto after = static_cast<std::int16_t>(random() % (n + 20) - 1);
+    ASSERT_EQ(store.SiguienteDe(exact, after), PlainNext(store, exact, after)) << n;
     const auto key = store::PackCode(wanted);
     if (key != store::kNoCode) {
       ASSERT_EQ(store::FindCodePortable(keys, key), expected.slot == 0 ? -1 : expected.slot);

@@ -1,0 +1,25 @@
+#include "portfolios/names_and_lines.h"
+
+namespace portfolios {
+
+int CarteraLlamada(const PortfolioStore& portfolios, std::string_view name) {
+  for (int i = 1; i <= portfolios.NumCarteras(); ++i) {
+    if (portfolios.Carteras(i).Nombre.utf8() == name) return i;
+  }
+  return 0;
+}
+
+void AgregarNombres(platform::ComboBox& combo, const PortfolioStore& portfolios) {
+  for (int i = 1; i <= portfolios.NumCarteras(); ++i) {
+    combo.AddItem(portfolios.Carteras(i).Nombre.utf8());
+  }
+}
+
+void ListarPosiciones(platform::ListBox& list, const PortfolioStore& portfolios, int cartera) {
+  list.Clear();
+  for (int j = 1; j <= portfolios.NumPosiciones(cartera); ++j) {
+    list.AddItem(LineaPosicion(portfolios.Posiciones(cartera, j)));
+  }
+}
+
+}  // namespace portfolios
