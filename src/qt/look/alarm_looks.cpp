@@ -1,91 +1,21 @@
 #include "qt/look/alarm_looks.h"
 
 #include <QAbstractItemView>
-#include <QCompleter>
-#include <QDialog>
-#include <QGridLayout>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStandardItemModel>
 #include <QVBoxLayout>
 
-#include "qt/look/binders.h"
+#include "qt/look/form_parts.h"
 #include "qt/look/icons.h"
 #include "qt/look/list_widget.h"
 #include "qt/look/small_widgets.h"
-#include "qt/look/text.h"
+#include "qt/look/suggest.h"
 #include "qt/look/theme.h"
 
 namespace qt {
 namespace {
 
-constexpr int kMargin = 20, kCode = Qt::UserRole;
-
-QPushButton* AddButton(QHBoxLayout& row, platform::Button& button, Binders& binders) {
-  auto* widget = new QPushButton;
-  widget->setMinimumSize(104, 34);
-  row.addWidget(widget);
-  binders.Bind(button, *widget);
-  return widget;
-}
-
-Look LookOf(QDialog* dialog, const std::shared_ptr<Binders>& binders) {
-  return {.widget = dialog,
-          .place = Place::dialog,
-          .widget_of = [b = binders.get()](platform::Control& c) { return b->WidgetOf(c); },
-          .bond = binders};
-}
-
-QLineEdit* AddField(QGridLayout& form, int row, QLabel* label, platform::TextBox& box,
-                    Binders& binders) {
-  auto* field = new QLineEdit;
-  field->setMinimumHeight(34);
-  field->setTextMargins(6, 0, 6, 0);
-  label->setBuddy(field);
-  form.addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
-  form.addWidget(field, row, 1);
-  binders.Bind(box, *field);
-  return field;
-}
-
-/// The text of a label, with its `letter` for the mnemonic that leads to the field.
-QString WithMnemonic(std::string_view text, QChar letter) {
-  QString caption = Text(text);
-  const qsizetype at = caption.indexOf(letter);
-  return at < 0 ? caption : caption.insert(at, u'&');
-}
-
-/// Shows what fits to the code that is being typed, and puts in the code alone.
-void Suggest(alarms::APrecio& window, QLineEdit& field, Binders& binders) {
-  auto* lines = new QStandardItemModel(&field);
-  auto* completer = new QCompleter(lines, &field);
-  completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-  completer->setCompletionRole(kCode);
-  completer->setMaxVisibleItems(8);
-  completer->setWidget(&field);
-  QObject::connect(&field, &QLineEdit::textEdited, binders.context(),
-                   [&window, &field, lines, completer](const QString& text) {
-                     lines->clear();
-                     for (const auto& [code, name] : window.Sugerencias(text.toStdString())) {
-                       auto* line = new QStandardItem(Text(code + "   " + name));
-                       line->setData(Text(code), kCode);
-                       lines->appendRow(line);
-                     }
-                     // A code of full length has led to the next field.
-                     if (lines->rowCount() > 0 && field.hasFocus()) {
-                       completer->complete();
-                       // Enter takes a line only once the user has gone to it.
-                       completer->popup()->setCurrentIndex({});
-                     } else {
-                       completer->popup()->hide();
-                     }
-                   });
-  QObject::connect(completer, qOverload<const QString&>(&QCompleter::activated), binders.context(),
-                   [&window, &field](const QString& code) {
-                     field.setText(code);
-                     window.Text1.set_text(code.toStdString());
-                   });
-}
+constexpr int kMargin = 20;
 
 /// A bell and a text on red.
 class Siren : public QWidget {
@@ -152,7 +82,8 @@ Look MakeAlarmLook(alarms::APrecio& window, FrameClock& clock) {
   };
   auto* code = AddField(*form, 0, label(window.Text1.label(), u'o'), window.Text1, *binders);
   auto* kind = label({}, {});
-  Suggest(window, *code, *binders);
+  Suggest([&window](std::string_view text) { return window.Sugerencias(text); }, window.Text1,
+          *code, *binders);
   auto* value = AddField(*form, 1, kind, window.Text2, *binders);
   binders->Follow(window.Label5, *kind, [&window, kind, value] {
     const bool price = window.Option2.enabled();

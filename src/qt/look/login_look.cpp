@@ -1,13 +1,10 @@
 #include "qt/look/login_look.h"
 
-#include <QDialog>
-#include <QGridLayout>
-#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QVBoxLayout>
 
-#include "qt/look/binders.h"
+#include "qt/look/form_parts.h"
 #include "qt/look/pictures.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
@@ -59,20 +56,6 @@ class Head : public QWidget {
   }
 };
 
-QLineEdit* AddField(QGridLayout& form, int row, platform::TextBox& box, const QString& hint,
-                    Binders& binders) {
-  auto* field = new QLineEdit;
-  field->setMinimumHeight(34);
-  field->setTextMargins(6, 0, 6, 0);
-  field->setPlaceholderText(hint);
-  auto* label = QuietLabel(Text(box.label()), TextFont(), nullptr);
-  label->setBuddy(field);
-  form.addWidget(label, row, 0, Qt::AlignRight | Qt::AlignVCenter);
-  form.addWidget(field, row, 1);
-  binders.Bind(box, *field);
-  return field;
-}
-
 }  // namespace
 
 Look MakeLoginLook(feed::Conecta& conecta, FrameClock& clock) {
@@ -91,9 +74,15 @@ Look MakeLoginLook(feed::Conecta& conecta, FrameClock& clock) {
   form->setHorizontalSpacing(14);
   form->setVerticalSpacing(12);
   column->addLayout(form);
-  auto* login = AddField(*form, 0, conecta.Text1, QStringLiteral("4 a 7 caracteres"), *binders);
-  AddField(*form, 1, conecta.Text2, QStringLiteral("4 a 7 caracteres"), *binders);
-  AddField(*form, 2, conecta.Text3, Text(feed::Conecta::kServidorPropio), *binders);
+  const auto add = [&](int row, platform::TextBox& box, const QString& hint) {
+    auto* label = QuietLabel(Text(box.label()), TextFont(), dialog);
+    auto* field = AddField(*form, row, label, box, *binders);
+    field->setPlaceholderText(hint);
+    return field;
+  };
+  auto* login = add(0, conecta.Text1, QStringLiteral("4 a 7 caracteres"));
+  add(1, conecta.Text2, QStringLiteral("4 a 7 caracteres"));
+  add(2, conecta.Text3, Text(feed::Conecta::kServidorPropio));
   auto* hint = QuietLabel(
       QStringLiteral(
           "Sin IP se abre «demostracion», un mercado simulado que va dentro del programa. "
@@ -120,10 +109,7 @@ Look MakeLoginLook(feed::Conecta& conecta, FrameClock& clock) {
   binders->Bind(conecta.Command1, *minimize);
   QWidget::setTabOrder(connect, minimize);
   login->setFocus();
-  return {.widget = dialog,
-          .place = Place::dialog,
-          .widget_of = [b = binders.get()](platform::Control& c) { return b->WidgetOf(c); },
-          .bond = binders};
+  return LookOf(dialog, binders);
 }
 
 }  // namespace qt

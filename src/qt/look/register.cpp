@@ -5,6 +5,7 @@
 #include "qt/look/board_look.h"
 #include "qt/look/login_look.h"
 #include "qt/look/main_look.h"
+#include "qt/look/portfolio_looks.h"
 #include "qt/look/tape_look.h"
 #include "qt/look/ticket_look.h"
 #include "shell/mdi.h"
@@ -16,11 +17,15 @@ void RegisterLooks(Looks& looks) {
   looks.Add<shell::MDI>(MakeMainLook);
   looks.Add<feed::Conecta>(MakeLoginLook);
   looks.Add<views::Continuo>(MakeBoardLook);
+  looks.Add<portfolios::TCartera>(MakeHoldingsLook);
   looks.Add<views::Ticker2>(MakeTicketLook);
   looks.Add<views::Form2>(MakeTapeLook);
   looks.Add<alarms::APrecio>(MakeAlarmLook);
   looks.Add<alarms::FormAlarm>(MakeDefinedAlarmsLook);
   looks.Add<alarms::ListAlarm>(MakeFiredAlarmsLook);
+  looks.Add<portfolios::Cartera>(MakePortfolioLook);
+  looks.Add<portfolios::Operar_Cartera>(MakeOperationLook);
+  looks.Add<portfolios::Detalle>(MakeDetailLook);
 }
 
 }  // namespace qt

@@ -1,0 +1,84 @@
+#include <QVBoxLayout>
+
+#include "qt/look/form_parts.h"
+#include "qt/look/portfolio_looks.h"
+#include "qt/look/portfolio_parts.h"
+#include "qt/look/small_widgets.h"
+#include "qt/look/text.h"
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+constexpr QSize kLeastList(430, 300);  // ten portfolios
+
+/// A line is the name in its full length, and the agency directly behind it.
+QStringList NameAndAgency(const QString& line) {
+  constexpr qsizetype kName = 25;
+  return {line.left(kName).trimmed(), line.mid(kName).trimmed()};
+}
+
+QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* dialog,
+                   Binders& binders) {
+  auto* form = new QGridLayout;
+  form->setHorizontalSpacing(14);
+  form->setVerticalSpacing(12);
+  form->setColumnMinimumWidth(1, 270);
+  column.addLayout(form);
+  const auto add = [&](int row, platform::TextBox& box, QChar letter) {
+    auto* label = QuietLabel(WithMnemonic(box.label(), letter), TextFont(), dialog);
+    return AddField(*form, row, label, box, binders);
+  };
+  auto* name = add(0, window.Text1, u'N');
+  add(1, window.Text2, u'B');
+  add(2, window.Text3, u'u');
+  add(3, window.Text4, u'O');
+  add(4, window.Text5, u'M');
+  auto* hint = QuietLabel(QStringLiteral("Hacen falta los tres datos y una comisión por\n"
+                                         "operación mayor que 0 (decimales con punto)."),
+                          SmallFont(), dialog);
+  form->addWidget(hint, 5, 1);
+  return name;
+}
+
+}  // namespace
+
+Look MakePortfolioLook(portfolios::Cartera& window, FrameClock& clock) {
+  auto* dialog = new QDialog;
+  auto binders = std::make_shared<Binders>(*dialog, clock);
+  auto* all = new QVBoxLayout(dialog);
+  all->setContentsMargins(24, 24, 24, 20);
+  all->setSpacing(20);
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(28);
+  all->addLayout(middle, 1);
+
+  auto* left = new QVBoxLayout;
+  left->setSpacing(16);
+  middle->addLayout(left);
+  auto* name = AddForm(*left, window, dialog, *binders);
+  auto* adding = new QHBoxLayout;
+  adding->addStretch();
+  AddButton(*adding, window.Command1, *binders)->setDefault(true);
+  left->addLayout(adding);
+  left->addStretch();
+
+  auto* list = AddList(*middle, window.List1,
+                       {.letter = u'f',
+                        .headings = {QStringLiteral("Nombre"), QStringLiteral("Agencia")},
+                        .split = NameAndAgency,
+                        .alignments = {Qt::AlignLeft, Qt::AlignLeft}},
+                       dialog, *binders);
+  list->setMinimumSize(kLeastList);
+  list->set_empty_text(QStringLiteral("Todavía no hay carteras."));
+
+  auto* buttons = new QHBoxLayout;
+  AddButton(*buttons, window.Command2, *binders);
+  buttons->addStretch();
+  AddButton(*buttons, window.Command3, *binders);
+  all->addLayout(buttons);
+  name->setFocus();
+  return LookOf(dialog, binders);
+}
+
+}  // namespace qt

@@ -1,0 +1,61 @@
+#include "qt/look/portfolio_parts.h"
+
+#include <algorithm>
+
+#include "qt/look/form_parts.h"
+#include "qt/look/headed_list.h"
+#include "qt/look/small_widgets.h"
+#include "qt/look/theme.h"
+
+namespace qt {
+namespace {
+
+constexpr QSize kLeastList(330, 200);
+
+}  // namespace
+
+ListWidget* AddList(QHBoxLayout& row, platform::ListBox& list, const Columns& columns,
+                    QWidget* parent, Binders& binders) {
+  auto* column = new QVBoxLayout;
+  column->setSpacing(8);
+  row.addLayout(column, 1);
+  auto* name = QuietLabel(WithMnemonic(list.tool_tip(), columns.letter), TextFont(), parent);
+  column->addWidget(name);
+  auto* widget = new HeadedList(list, columns.headings, columns.split, columns.alignments, parent);
+  widget->setMinimumSize(kLeastList);
+  name->setBuddy(widget);
+  column->addWidget(widget, 1);
+  binders.Bind(list, *widget);
+  return widget;
+}
+
+Columns PositionColumns(QChar letter) {
+  return {.letter = letter,
+          .headings = {QStringLiteral("Títulos"), QStringLiteral("Código"),
+                       QStringLiteral("Precio medio")},
+          .split =
+              [](const QString& line) {
+                QStringList cells = line.split(u'\t');
+                for (QString& cell : cells) cell = cell.trimmed();
+                return cells;
+              },
+          .alignments = {Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight}};
+}
+
+QComboBox* MakePortfolioBox(platform::ComboBox& box, QWidget* parent, Binders& binders) {
+  auto* widget = new QComboBox(parent);
+  widget->setMinimumSize(300, kFieldHeight);
+  binders.Bind(box, *widget);
+  return widget;
+}
+
+bool Lists(const platform::ComboBox& box, std::string_view text) {
+  return std::ranges::find(box.items(), text) != box.items().end();
+}
+
+QString HowToAddPortfolios() {
+  return QStringLiteral(
+      "Todavía no hay carteras. Se hacen en el menú Carteras, Configurar Carteras.");
+}
+
+}  // namespace qt

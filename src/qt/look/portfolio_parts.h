@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string_view>
+
+#include <QBoxLayout>
+#include <QComboBox>
+
+#include "platform/controls.h"
+#include "qt/look/binders.h"
+#include "qt/look/list_widget.h"
+
+// What the dialogs of the portfolios have in common.
+namespace qt {
+
+/// How the lines of a list stand in columns.
+struct Columns {
+  QChar letter;  // mnemonic in the list's own name
+  QStringList headings;
+  ListWidget::Split split;
+  QList<Qt::Alignment> alignments;
+};
+
+/// A list in columns, below the name that its tool tip gives.
+[[nodiscard]] ListWidget* AddList(QHBoxLayout& row, platform::ListBox& list, const Columns& columns,
+                                  QWidget* parent, Binders& binders);
+/// Shares, code and price, as the lines of positions give them.
+[[nodiscard]] Columns PositionColumns(QChar letter);
+
+/// The selector of a portfolio.
+[[nodiscard]] QComboBox* MakePortfolioBox(platform::ComboBox& box, QWidget* parent,
+                                          Binders& binders);
+/// Whether an entry of the selector reads exactly so.
+[[nodiscard]] bool Lists(const platform::ComboBox& box, std::string_view text);
+/// How to come by a portfolio, for where there is none.
+[[nodiscard]] QString HowToAddPortfolios();
+
+}  // namespace qt
