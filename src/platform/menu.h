@@ -19,7 +19,20 @@ struct MenuItem {
 };
 
 /// Signs on tool buttons, drawn by the screen.
-enum class Icon { none, board, price_alarm, volume_alarm, alarms, trades, options, period };
+enum class Icon {
+  none,
+  board,
+  price_alarm,
+  volume_alarm,
+  alarms,
+  portfolio,
+  operations,
+  statistics,
+  operate,
+  trades,
+  options,
+  period
+};
 
 /// One button of a tool bar, or a separator where the number is 0. The tip is its accessible name.
 struct Tool {

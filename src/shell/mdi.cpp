@@ -21,6 +21,17 @@ MDI::MDI(platform::Platform& platform) : Window(platform), Timer1(platform, 1000
   Check1.set_value(1);
   Check2.set_caption("&Ticker");
   Check2.set_tool_tip("Ocultar o visualizar el Ticker");
+  Command1.set_tool_tip("Lista de alarmas");
+  Command2.set_caption("Operar");
+  Command2.set_tool_tip("Comprar o vender");
+  Command3.set_tool_tip("Muestra el Mercado Continuo");
+  Label1.set_caption("Carteras");
+  Label1.set_tool_tip("Pulse aquí para ver sus carteras");
+  Combo1.set_tool_tip("Carteras Disponibles");
+  Text1.set_tool_tip("Valor Cartera");
+  Text2.set_tool_tip("% Ganancia");
+  Text3.set_tool_tip("Ganancia (Efectivo)");
+  for (platform::TextBox* box : {&Text1, &Text2, &Text3}) box->set_locked(true);
 
   Timer1.on_tick = [this] { Timer1_Timer(); };
   Picture2.on_click = [this] { Picture2_Click(); };

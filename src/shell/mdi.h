@@ -21,20 +21,20 @@ class MDI : public platform::Window {
 
   explicit MDI(platform::Platform& platform);
 
-  platform::PictureBox Picture1;  // strip that holds the market ticker
-  platform::Ticker Tickctl1;      // market ticker
-  platform::PictureBox Picture3;  // strip that holds the status ticker
-  platform::Ticker Tickctl2;      // status ticker
-  platform::PictureBox Picture2;  // session light
-  platform::Label Label2;         // count of instruments
-  platform::Label LT, LF;         // server time and date
-  platform::CheckBox Check1;      // timer of the charting package's refresh on or off
-  platform::CheckBox Check2;      // market ticker on or off
-  platform::Button Command1;      // fired alarms
-  platform::Button Command2;      // buys or sells
-  platform::Button Command3;      // brings up the board
-  platform::Label Label1;         // brings up the holdings
-  platform::ComboBox Combo1;      // the portfolios
+  platform::PictureBox Picture1;          // strip that holds the market ticker
+  platform::Ticker Tickctl1;              // market ticker
+  platform::PictureBox Picture3;          // strip that holds the status ticker
+  platform::Ticker Tickctl2;              // status ticker
+  platform::PictureBox Picture2;          // session light
+  platform::Label Label2;                 // count of instruments
+  platform::Label LT, LF;                 // server time and date
+  platform::CheckBox Check1;              // timer of the charting package's refresh on or off
+  platform::CheckBox Check2;              // market ticker on or off
+  platform::Button Command1;              // fired alarms
+  platform::Button Command2;              // buys or sells
+  platform::Button Command3;              // brings up the board
+  platform::Label Label1;                 // brings up the holdings
+  platform::ComboBox Combo1;              // the portfolios
   platform::TextBox Text1, Text2, Text3;  // value of the chosen one, gain in %, gain; locked
   platform::ToolBar ActiveBar1;
   platform::Timer Timer1;  // once a second

@@ -23,19 +23,21 @@ class CommandsTest : public TerminalTest {
   CommandsTest() { Start(); }
 
   void Pick(std::string_view caption) {
+    std::vector<platform::MenuItem> items = terminal->MDI.keys;
     for (const auto& menu : terminal->MDI.menu) {
-      for (const auto& item : menu.items) {
-        if (Plain(item.caption) == caption) return item.action();
-      }
+      items.insert(items.end(), menu.items.begin(), menu.items.end());
     }
-    ADD_FAILURE() << "no menu item " << caption;
+    const auto item = std::ranges::find(
+        items, caption, [](const platform::MenuItem& one) { return Plain(one.caption); });
+    ASSERT_NE(item, items.end()) << "no menu item " << caption;
+    item->action();
   }
 };
 
 TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
   const auto& mdi = terminal->MDI;
   // The keys of boards and panes come first.
-  std::set<std::string> keys{"", "Ctrl+S", "Ctrl+C", "Ctrl+P", "Ctrl+G", "Ctrl+O", "F1", "F6"};
+  std::set<std::string> keys{"Ctrl+S", "Ctrl+C", "Ctrl+P", "Ctrl+G", "Ctrl+O", "F1", "F6"};
   std::set<char> bar{Mnemonic(mdi.Check1.caption()), Mnemonic(mdi.Check2.caption())};
   std::set<platform::Icon> icons{platform::Icon::none};
   std::string menus, tools;
@@ -47,9 +49,13 @@ TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
       menus += item.caption.empty() ? " -" : " [" + Plain(item.caption) + "]";
       if (item.caption.empty()) continue;
       EXPECT_TRUE(mnemonics.insert(Mnemonic(item.caption)).second) << item.caption;
-      EXPECT_TRUE(keys.insert(item.key).second) << item.key;
+      EXPECT_TRUE(item.key.empty() || keys.insert(item.key).second) << item.key;
     }
     menus += "\n";
+  }
+  for (const auto& item : mdi.keys) {
+    EXPECT_TRUE(keys.insert(item.key).second) << item.key;
+    menus += item.key + " " + item.caption + "\n";
   }
   for (const auto& tool : mdi.ActiveBar1.tools) {
     EXPECT_TRUE(tool.number == 0 || icons.insert(tool.icon).second) << tool.tip;
@@ -58,36 +64,48 @@ TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
   EXPECT_EQ(menus,
             "Instrumentos: [Mercado Continuo] - [Opciones MEFF]\n"
             "Alarmas: [Alarma por Precio] [Alarma por Volumen] - [Ver Alarmas]\n"
-            "Carteras: [Negociaciones]\n"
-            "Meta Stock: [Definir Tiempo de Refresco]\n");
+            "Carteras: [Configurar Carteras] [Ver Carteras] - [Estadísticas] - [Negociaciones]\n"
+            "Meta Stock: [Definir Tiempo de Refresco]\n"
+            "F3 Operar\nF4 Valores en Carteras\n");
   EXPECT_EQ(tools,
             "24 Mercado Continuo\n66 Opciones MEFF\n-\n"
             "30 Alarma por Precio\n31 Alarma por Volumen\n32 Ver Alarmas\n-\n"
-            "80 Negociaciones\n-\n52 Definir Tiempo de Refresco\n");
+            "40 Configurar Carteras\n41 Ver Carteras\n42 Estadísticas\n80 Negociaciones\n-\n"
+            "52 Definir Tiempo de Refresco\n");
 }
 
 TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
   auto& t = *terminal;
   auto& log = outside.desktop().log;
+  auto& mdi = t.MDI;
   struct Case {
     const char* command;
     int tool;
-    platform::Button* button;
+    std::vector<std::function<void()>*> strip;
     platform::Window* window;
     int tipo = 0;
   };
-  const Case cases[] = {{"Mercado Continuo", 24, &t.MDI.Command3, &t.Continuo},
-                        {"Alarma por Precio", 30, nullptr, &t.APrecio, 1},
-                        {"Alarma por Volumen", 31, nullptr, &t.APrecio, 4},
-                        {"Ver Alarmas", 32, &t.MDI.Command1, &t.ListAlarm},
-                        {"Negociaciones", 80, nullptr, &t.Form2}};
+  const Case cases[] = {
+      {"Mercado Continuo", 24, {&mdi.Command3.on_click}, &t.Continuo},
+      {"Alarma por Precio", 30, {}, &t.APrecio, 1},
+      {"Alarma por Volumen", 31, {}, &t.APrecio, 4},
+      {"Ver Alarmas", 32, {&mdi.Command1.on_click}, &t.ListAlarm},
+      {"Configurar Carteras", 40, {}, &t.Cartera},
+      {"Ver Carteras", 41, {}, &t.Detalle},
+      {"Estadísticas", 42, {}, &t.Detalle},
+      {"Negociaciones", 80, {}, &t.Form2},
+      {"Operar", 0, {&mdi.Command2.on_click}, &t.Operar_Cartera},
+      {"Valores en Carteras", 0, {&mdi.Label1.on_click, &mdi.Combo1.on_double_click}, &t.TCartera}};
   for (const Case& test : cases) {
-    const std::function<void()> ways[] = {
-        [&] { Pick(test.command); }, [&] { PressTool(test.tool); }, [&] { test.button->Click(); }};
-    for (const auto& way : std::span(ways, test.button ? 3 : 2)) {
+    std::vector<std::function<void()>> ways{[&] { Pick(test.command); }};
+    if (test.tool != 0) ways.push_back([&] { PressTool(test.tool); });
+    for (auto* hook : test.strip) ways.push_back(*hook);
+    for (const auto& way : ways) {
       t.APrecio.tipo = 0;
+      log.clear();
       way();
-      EXPECT_EQ(log.back(), "shown " + test.window->caption()) << &way - ways;
+      ASSERT_FALSE(log.empty()) << test.command;
+      EXPECT_EQ(log.back(), "shown " + test.window->caption()) << test.command;
       EXPECT_EQ(t.APrecio.tipo, test.tipo) << test.command;
       test.window->Hide();
     }
@@ -153,8 +171,11 @@ TEST_F(CommandsTest, NoneRunsOnceTheProgramEnds) {
       if (item.action) item.action();
     }
   }
+  for (const auto& item : terminal->MDI.keys) item.action();
   for (const auto& tool : terminal->MDI.ActiveBar1.tools) terminal->MDI.ActiveBar1.Click(tool);
-  terminal->MDI.Command1.Click();
+  for (auto* button : {&terminal->MDI.Command1, &terminal->MDI.Command2}) button->Click();
+  terminal->MDI.Label1.Click();
+  terminal->MDI.Combo1.DoubleClick();
   terminal->MDI.Picture2.Click();
   for (const int value : {0, 1}) terminal->MDI.Check1.set_value(value);
   EXPECT_EQ(outside.desktop().log, log);

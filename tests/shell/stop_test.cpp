@@ -22,6 +22,7 @@ class StopTest : public TerminalTest {
     for (; !ended && ticks < 20; ++ticks) {
       outside.avanzar(500);
       terminal->MDI.UserClose();
+      for (const int cartera : {0, 1}) terminal->MDI.Combo1.Click(cartera);
       outside.avanzar(500);
     }
     return ticks;
@@ -65,6 +66,15 @@ TEST_F(StopTest, EndsAtTheThirdTickWhateverIsOpen) {
          terminal->APrecio.Show();
          terminal->FormAlarm.Show();
          terminal->ListAlarm.Show();
+         for (const int cartera : {1, 2}) {
+           AgregarCartera(cartera == 1 ? "Ahorro" : "Bolsa");
+           Comprar(cartera, "ALD", 100, 8);
+         }
+         terminal->MDI.Combo1.Click(0);
+         terminal->TCartera.Show();
+         terminal->Cartera.Show();
+         terminal->Operar_Cartera.Show();
+         terminal->Detalle.Show();
          for (int i = 0; i < 2; ++i) terminal->Tickets.AbrirTicket(1);
          terminal->Tickets.abiertos().at(1)->Label6_DblClick();
          terminal->ListAlarm.Disparada("93000 ACME");

@@ -42,6 +42,22 @@ class TerminalTest : public testing::Test {
 
   void PressTool(int number) { terminal->MDI.ActiveBar1.Click({number, {}}); }
 
+  void AgregarCartera(std::string_view name) {
+    portfolios::FichaCartera record;
+    record.Nombre = base::FixedText<25>::FromUtf8(name);
+    ASSERT_TRUE(terminal->Carteras.AgregarCartera(record));
+  }
+
+  void Comprar(int cartera, std::string_view code, std::int32_t titulos, float precio) {
+    portfolios::Operacion record;
+    record.Codigo.assign(code);
+    record.Titulos = titulos;
+    record.Precio = precio;
+    record.CarteraId = static_cast<std::int16_t>(cartera);
+    record.Sentido = portfolios::Operacion::kCompra;
+    ASSERT_TRUE(terminal->Carteras.AgregarOperacion(record));
+  }
+
   support::TempDir dir;
   support::MemoryPlatform outside;
   std::unique_ptr<shell::Terminal> terminal;

@@ -52,25 +52,29 @@ TEST_F(TerminalTest, StartsWithTheLoginWindowInFrontOfAnEmptyBoard) {
   EXPECT_EQ(outside.desktop().focus, &terminal->Conecta.Text1);
   EXPECT_EQ(&outside.windows.at(0), &terminal->MDI);
   const std::pair<platform::Window*, bool> at_start[] = {
-      {&terminal->Continuo, true}, {&terminal->Conecta, true},    {&terminal->FormAlarm, true},
-      {&terminal->Form2, false},   {&terminal->ListAlarm, false}, {&terminal->APrecio, false}};
+      {&terminal->Continuo, true},       {&terminal->TCartera, true}, {&terminal->Conecta, true},
+      {&terminal->FormAlarm, true},      {&terminal->Form2, false},   {&terminal->ListAlarm, false},
+      {&terminal->APrecio, false},       {&terminal->Cartera, false}, {&terminal->Detalle, false},
+      {&terminal->Operar_Cartera, false}};
   for (const auto& [window, loaded] : at_start) {
     EXPECT_EQ(window->loaded(), loaded) << window->caption();
   }
-  EXPECT_FALSE(terminal->Continuo.visible());
+  EXPECT_FALSE(terminal->Continuo.visible() || terminal->TCartera.visible());
   EXPECT_TRUE(terminal->MDI.Tickctl1.scrolling());
   EXPECT_TRUE(terminal->MDI.Tickctl2.scrolling());
   EXPECT_FLOAT_EQ(terminal->Continuo.G.font_size(), 7.0F);
 }
 
-TEST_F(TerminalTest, TakesTheBoardsLookFromItsFile) {
+TEST_F(TerminalTest, TakesTheLookOfBoardAndHoldingsFromItsFile) {
   const std::string record = support::I32(1) + support::I32(0x00112233) + support::I32(4) +
                              support::I32(14) + support::Pad("Roboto", 30) + support::I16(3) +
                              support::F32(11.5F);
   dir.Write("Colores.QUO", record);
   Start();
-  EXPECT_EQ(terminal->Continuo.G.back_color(), 1);
-  EXPECT_FLOAT_EQ(terminal->Continuo.G.font_size(), 11.5F);
+  for (const auto* grid : {&terminal->Continuo.G, &terminal->TCartera.G}) {
+    EXPECT_EQ(grid->back_color(), 1);
+    EXPECT_FLOAT_EQ(grid->font_size(), 11.5F);
+  }
 }
 
 TEST_F(TerminalTest, CarriesWhatArrivesToBoardTicketsTapeAndAlarms) {
@@ -98,6 +102,45 @@ TEST_F(TerminalTest, CarriesWhatArrivesToBoardTicketsTapeAndAlarms) {
   EXPECT_TRUE(terminal->Form2.loaded());
   EXPECT_FALSE(terminal->Form2.visible());
   EXPECT_EQ(terminal->Form2.List1.rows(), 2);
+}
+
+TEST_F(TerminalTest, PortfoliosOutliveItAndAreValuedOnceTheMarketHasCome) {
+  Start();
+  LogIn("ALD");
+  PressTool(40);
+  auto& dialog = terminal->Cartera;
+  for (auto* text : {&dialog.Text1, &dialog.Text2, &dialog.Text3}) text->set_text("Ahorro");
+  dialog.Text4.set_text("1");
+  dialog.Command1.Click();
+  EXPECT_EQ(terminal->MDI.Combo1.items(), std::vector<std::string>{"Ahorro "});
+  terminal->MDI.Command2.Click();
+  auto& order = terminal->Operar_Cartera;
+  order.Text2.set_text("100");
+  order.Text3.set_text("ald");
+  order.Text4.set_text("8");
+  order.Command1.Click();
+
+  Start();
+  const auto strip = [this] {
+    const auto& mdi = terminal->MDI;
+    return mdi.Combo1.text() + mdi.Text1.text() + " " + mdi.Text2.text() + " " + mdi.Text3.text();
+  };
+  LogIn();
+  outside.avanzar(10000);
+  EXPECT_EQ(strip(), "  ");
+  LogIn("ALD");
+  outside.avanzar(5000);
+  EXPECT_EQ(strip(), "Ahorro 1,000 25.00% 200");
+
+  const auto& grid = terminal->TCartera.G;
+  feed().Arrive(Frame("01,2:" + support::QuoteRecord({.code = "ALD", .last = 12})));
+  ASSERT_EQ(grid.rows(), 2);
+  EXPECT_EQ(base::Trim(grid.text(1, 0)), "ACME");
+  EXPECT_EQ(grid.text(1, grid.cols() - 2), "400.00");
+  EXPECT_EQ(strip(), "Ahorro 1,000 25.00% 200");
+  feed().PeerClose();
+  outside.avanzar(5000);
+  EXPECT_EQ(strip(), "Ahorro 1,200 50.00% 400");
 }
 
 TEST_F(TerminalTest, TheSessionLightAsksBeforeItConnectsOrDisconnects) {

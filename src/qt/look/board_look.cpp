@@ -103,11 +103,10 @@ void JoinName(views::GridView& view, Board& board, Binders& binders) {
   binders.Bind(view.Label1, *name, Binders::Colors::theme);
 }
 
-}  // namespace
-
-Look MakeBoardLook(views::GridView& view, FrameClock& clock) {
+Look MakeLook(views::GridView& view, FrameClock& clock, const QString& empty_text) {
   auto* board = new Board(view);
   board->setMinimumSize(320, 160);
+  board->grid().set_empty_text(empty_text);
   auto binders = std::make_shared<Binders>(*board, clock);
   JoinCommands(view, *board, *binders);
   JoinName(view, *board, *binders);
@@ -123,6 +122,16 @@ Look MakeBoardLook(views::GridView& view, FrameClock& clock) {
             return &control == &view.Command5 ? &board->grid() : b->WidgetOf(control);
           },
           .bond = binders};
+}
+
+}  // namespace
+
+Look MakeBoardLook(views::GridView& view, FrameClock& clock) {
+  return MakeLook(view, clock, QStringLiteral("Sin instrumentos todavía"));
+}
+
+Look MakeHoldingsLook(portfolios::TCartera& view, FrameClock& clock) {
+  return MakeLook(view, clock, QStringLiteral("Sin valores en cartera"));
 }
 
 }  // namespace qt

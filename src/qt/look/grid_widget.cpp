@@ -53,9 +53,9 @@ GridWidget::GridWidget(platform::Grid& grid, QWidget* parent)
   FollowCurrent();
 }
 
-void GridWidget::ReadAsTape(const QString& empty) {
+void GridWidget::ReadAsTape(const QString& empty_text) {
   tape_ = true;
-  empty_text_ = empty;
+  set_empty_text(empty_text);
   setSelectionMode(ExtendedSelection);
   clearSelection();
   header_->setSectionsMovable(false);
@@ -68,6 +68,11 @@ void GridWidget::ReadAsTape(const QString& empty) {
   });
   connect(verticalScrollBar(), &QScrollBar::sliderPressed, this, [this] { HoldUnless(AtEnd()); });
   connect(verticalScrollBar(), &QScrollBar::sliderReleased, this, [this] { HoldUnless(AtEnd()); });
+}
+
+void GridWidget::set_empty_text(const QString& text) {
+  empty_text_ = text;
+  viewport()->update();
 }
 
 void GridWidget::Fill(int col) {
@@ -347,10 +352,12 @@ void GridWidget::focusOutEvent(QFocusEvent* event) {
 void GridWidget::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
   if (empty_text_.isEmpty() || model_->rowCount() > 0) return;
+  const QColor ground = viewport()->palette().color(QPalette::Base);
   QPainter painter(viewport());
   painter.setFont(TextFont());
-  painter.setPen(tone::kMuted);
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, empty_text_);
+  painter.setPen(Mix(ground, ground.lightness() < 128 ? Qt::white : Qt::black, 0.6));
+  painter.drawText(viewport()->rect().adjusted(16, 0, -16, 0), Qt::AlignCenter | Qt::TextWordWrap,
+                   empty_text_);
 }
 
 void GridWidget::scrollContentsBy(int dx, int dy) {

@@ -32,9 +32,11 @@ class GridWidget : public QTableView {
   /// For rows that come in the order of time. Columns stay in their places; several rows can be
   /// chosen, and Ctrl+C copies them, cells parted by TAB; while the user has scrolled away from the
   /// end, his current row is left to him. While he scrolls, and half a second longer, the screen is
-  /// his alone; then the grid gets the top row that he left. `empty` stands where there are no
-  /// rows.
-  void ReadAsTape(const QString& empty);
+  /// his alone; then the grid gets the top row that he left.
+  void ReadAsTape(const QString& empty_text);
+  /// What stands, quietly, below the heading while there are no rows. No part of the table's
+  /// contents.
+  void set_empty_text(const QString& text);
 
   /// Shows a column wider than its grid has it, by what room is left beside the last one.
   void Fill(int col);

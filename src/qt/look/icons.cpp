@@ -98,6 +98,52 @@ void Clock(QPainter& painter) {
   painter.drawPolyline(QPolygonF({{12, 6.6}, {12, 12}, {15.8, 14.4}}));
 }
 
+void Portfolio(QPainter& painter) {
+  painter.setPen(Line(tone::kText, 1.6));
+  painter.drawRoundedRect(QRectF(2.5, 7.5, 19, 13), 2, 2);
+  painter.drawPolyline(QPolygonF({{8.3, 7.3}, {8.3, 3.8}, {15.7, 3.8}, {15.7, 7.3}}));
+  painter.setPen(Line(tone::kGood, 2));
+  painter.drawPolyline(QPolygonF({{6, 17}, {10.3, 12.6}, {13.3, 15.4}, {18, 11}}));
+}
+
+/// An arrow upwards where `by` is below 0, else downwards, from `from`.
+void VerticalArrow(QPainter& painter, QPointF from, double by, double head) {
+  const QPointF tip = from + QPointF(0, by);
+  const double back = by < 0 ? head : -head;
+  painter.drawLine(from, tip);
+  painter.drawPolyline(QPolygonF({tip + QPointF(-head, back), tip, tip + QPointF(head, back)}));
+}
+
+/// A journal: two entries, one in and one out.
+void Operations(QPainter& painter) {
+  painter.setPen(Line(tone::kText, 1.7));
+  painter.drawLine(QPointF(11.5, 4.8), QPointF(21, 4.8));
+  painter.drawLine(QPointF(11.5, 9), QPointF(17.5, 9));
+  painter.drawLine(QPointF(11.5, 15.2), QPointF(21, 15.2));
+  painter.drawLine(QPointF(11.5, 19.4), QPointF(17.5, 19.4));
+  painter.setPen(Line(tone::kGood, 1.9));
+  VerticalArrow(painter, {5.3, 10.2}, -7, 2.7);
+  painter.setPen(Line(tone::kBad, 1.9));
+  VerticalArrow(painter, {5.3, 13.8}, 7, 2.7);
+}
+
+void Statistics(QPainter& painter) {
+  painter.setPen(Line(tone::kMuted, 1.6));
+  painter.drawLine(QPointF(2.5, 21), QPointF(21.5, 21));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(tone::kAccent);
+  painter.drawRoundedRect(QRectF(3.8, 12.5, 4, 6.8), 0.8, 0.8);
+  painter.drawRoundedRect(QRectF(10, 4, 4, 15.3), 0.8, 0.8);
+  painter.drawRoundedRect(QRectF(16.2, 8.5, 4, 10.8), 0.8, 0.8);
+}
+
+void Operate(QPainter& painter) {
+  painter.setPen(Line(tone::kGood, 2.4));
+  VerticalArrow(painter, {7.3, 20}, -15.5, 4);
+  painter.setPen(Line(tone::kBad, 2.4));
+  VerticalArrow(painter, {16.7, 4}, 15.5, 4);
+}
+
 class DrawnIcon : public QIconEngine {
  public:
   explicit DrawnIcon(Icon icon) : icon_(icon) {}
@@ -138,6 +184,14 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
         return Option(p);
       case Icon::period:
         return Clock(p);
+      case Icon::portfolio:
+        return Portfolio(p);
+      case Icon::operations:
+        return Operations(p);
+      case Icon::statistics:
+        return Statistics(p);
+      case Icon::operate:
+        return Operate(p);
       case Icon::none:
         return;
     }

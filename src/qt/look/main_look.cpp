@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -13,8 +12,8 @@
 
 #include "qt/look/binders.h"
 #include "qt/look/desk_area.h"
-#include "qt/look/icons.h"
 #include "qt/look/small_widgets.h"
+#include "qt/look/strip_look.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 #include "qt/look/ticker_widget.h"
@@ -53,67 +52,13 @@ QWidget* MakeTape(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   return band;
 }
 
-LabelWidget* MakeTimeLabel(platform::Label& label, const char* widest, Binders& binders,
-                           QWidget* parent) {
-  auto* widget = new LabelWidget(parent);
-  widget->setFont(StrongFont());
-  widget->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  widget->setMinimumWidth(QFontMetrics(widget->font()).horizontalAdvance(QLatin1String(widest)) +
-                          6);
-  binders.Bind(label, *widget, Binders::Colors::theme);
-  return widget;
-}
-
-QWidget* MakeStatusTicker(shell::MDI& mdi, Binders& binders, QWidget* parent) {
-  auto* panel = new QWidget(parent);
-  auto* inside = new QVBoxLayout(panel);
-  inside->setContentsMargins(0, 0, 0, 0);
-  auto* ticker = new TickerWidget(mdi.Tickctl2, panel);
-  ticker->setAccessibleName(QStringLiteral("Estado de la sesión"));
-  inside->addWidget(ticker);
-  binders.Bind(mdi.Tickctl2, *ticker);
-  binders.BindPanel(mdi.Picture3, *panel);
-  return panel;
-}
-
-QPushButton* MakeStripButton(platform::Button& button, platform::Icon icon, Binders& binders,
-                             QWidget* parent) {
-  auto* widget = new QPushButton(IconFor(icon), {}, parent);
-  widget->setIconSize({18, 18});
-  widget->setAutoDefault(false);
-  binders.Bind(button, *widget);
-  return widget;
-}
-
-QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
-  auto* strip = new Band(Qt::TopEdge, tone::kWindow, parent);
-  auto* light = new PictureWidget(strip);
-  auto* count = new LabelWidget(strip);
-  count->setContentsMargins(9, 0, 9, 0);
-  count->setMinimumHeight(24);
-  binders.Bind(mdi.Picture2, *light);
-  binders.Bind(mdi.Label2, *count);
-  auto* board = MakeStripButton(mdi.Command3, platform::Icon::board, binders, strip);
-  auto* alarms = MakeStripButton(mdi.Command1, platform::Icon::alarms, binders, strip);
-  auto* refresh_on = new QCheckBox(strip);
-  auto* tape_on = new QCheckBox(strip);
-  binders.Bind(mdi.Check1, *refresh_on);
-  binders.Bind(mdi.Check2, *tape_on);
-
-  auto* row = new QHBoxLayout(strip);
-  row->setContentsMargins(8, 5, 12, 4);
-  row->setSpacing(10);
-  row->addWidget(light);
-  row->addWidget(count, 0, Qt::AlignVCenter);
-  row->addWidget(board);
-  row->addWidget(alarms);
-  row->addWidget(MakeStatusTicker(mdi, binders, strip), 1);
-  row->addWidget(refresh_on);
-  row->addWidget(tape_on);
-  row->addSpacing(4);
-  row->addWidget(MakeTimeLabel(mdi.LT, "00:00:00", binders, strip));
-  row->addWidget(MakeTimeLabel(mdi.LF, "00-00-2000", binders, strip));
-  return strip;
+void AddKeys(QMainWindow& window, const std::vector<platform::MenuItem>& keys, QObject* context) {
+  for (const platform::MenuItem& command : keys) {
+    auto* key = new QShortcut(QKeySequence(Text(command.key), QKeySequence::PortableText), &window);
+    QObject::connect(key, &QShortcut::activated, context, [&command] {
+      if (command.action) command.action();
+    });
+  }
 }
 
 /// F6 goes round from the inner windows to each of the `panes`, and back.
@@ -146,6 +91,7 @@ Look MakeMainLook(shell::MDI& mdi, FrameClock& clock) {
   for (const platform::MenuItem& top : mdi.menu) {
     AddItems(*window->menuBar()->addMenu(Text(top.caption)), top.items, binders->context());
   }
+  AddKeys(*window, mdi.keys, binders->context());
   auto* middle = new QWidget;
   auto* column = new QVBoxLayout(middle);
   column->setContentsMargins(0, 0, 0, 0);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QWidget>
+
+#include "qt/look/binders.h"
+#include "shell/mdi.h"
+
+namespace qt {
+
+/// The strip at the foot of the main window: session and portfolio first, then commands, status
+/// ticker, server time and date. It takes any width: one line where all of it is readable on that,
+/// else two, and on a short line the list of portfolios gives way.
+[[nodiscard]] QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent);
+
+}  // namespace qt

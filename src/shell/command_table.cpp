@@ -1,0 +1,143 @@
+#include "shell/command_table.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "shell/prompts.h"
+#include "shell/terminal.h"
+
+namespace shell {
+namespace {
+
+using platform::Icon;
+
+constexpr std::array<std::string_view, 4> kMenuCaptions{"&Instrumentos", "&Alarmas", "&Carteras",
+                                                        "&Meta Stock"};
+
+template <auto kWindow>
+void Show(Terminal& terminal) {
+  (terminal.*kWindow).Show();
+}
+
+template <alarms::AlarmTable::Tipo kTipo>
+void DefineAlarm(Terminal& terminal) {
+  terminal.APrecio.tipo = kTipo;
+  terminal.APrecio.Show();
+}
+
+template <bool kCapitals>
+void AskForOptions(Terminal& terminal) {
+  PedirOpciones(terminal, kCapitals);
+}
+
+template <auto kControl>
+std::function<void()>& Click(MDI& mdi) {
+  return (mdi.*kControl).on_click;
+}
+
+template <auto kControl>
+std::function<void()>& DoubleClick(MDI& mdi) {
+  return (mdi.*kControl).on_double_click;
+}
+
+constexpr std::array kCommands{
+    Command{.menu = Menu::instrumentos,
+            .item = 0,
+            .caption = "&Mercado Continuo",
+            .key = "Ctrl+1",
+            .tool = 24,
+            .icon = Icon::board,
+            .action = Show<&Terminal::Continuo>,
+            .strip = {Click<&MDI::Command3>}},
+    Command{.menu = Menu::instrumentos,
+            .item = 7,
+            .caption = "&Opciones MEFF",
+            .key = "Ctrl+M",
+            .tool = 66,
+            .icon = Icon::options,
+            .action = AskForOptions</*kCapitals=*/false>,
+            .tool_action = AskForOptions</*kCapitals=*/true>},
+    Command{.menu = Menu::alarmas,
+            .item = 0,
+            .caption = "Alarma por &Precio",
+            .key = "F7",
+            .tool = 30,
+            .icon = Icon::price_alarm,
+            .action = DefineAlarm<alarms::AlarmTable::kPrecio>},
+    Command{.menu = Menu::alarmas,
+            .item = 1,
+            .caption = "Alarma por &Volumen",
+            .key = "F8",
+            .tool = 31,
+            .icon = Icon::volume_alarm,
+            .action = DefineAlarm<alarms::AlarmTable::kVolumen>},
+    Command{.menu = Menu::alarmas,
+            .item = 3,
+            .caption = "Ver &Alarmas",
+            .key = "F9",
+            .tool = 32,
+            .icon = Icon::alarms,
+            .action = Show<&Terminal::ListAlarm>,
+            .strip = {Click<&MDI::Command1>}},
+    Command{.menu = Menu::carteras,
+            .item = 0,
+            .caption = "&Configurar Carteras",
+            .key = "Ctrl+K",
+            .tool = 40,
+            .icon = Icon::portfolio,
+            .action = Show<&Terminal::Cartera>},
+    Command{.menu = Menu::carteras,
+            .item = 1,
+            .caption = "&Ver Carteras",
+            .key = "Ctrl+E",
+            .tool = 41,
+            .icon = Icon::operations,
+            .action = Show<&Terminal::Detalle>},
+    Command{.menu = Menu::carteras,
+            .item = 3,
+            .caption = "&Estadísticas",
+            .tool = 42,
+            .icon = Icon::statistics,
+            .action = Show<&Terminal::Detalle>},
+    Command{.menu = Menu::carteras,
+            .item = 5,
+            .caption = "&Negociaciones",
+            .key = "Ctrl+T",
+            .tool = 80,
+            .icon = Icon::trades,
+            .action = Show<&Terminal::Form2>},
+    Command{.menu = Menu::meta_stock,
+            .item = 3,
+            .caption = "&Definir Tiempo de Refresco",
+            .key = "Ctrl+R",
+            .tool = 52,
+            .icon = Icon::period,
+            .action = PedirPeriodo,
+            .tool_action = PedirPeriodoCorto},
+    Command{.item = 0,
+            .caption = "Operar",
+            .key = "F3",
+            .action = Show<&Terminal::Operar_Cartera>,
+            .strip = {Click<&MDI::Command2>}},
+    Command{.item = 1,
+            .caption = "Valores en Carteras",
+            .key = "F4",
+            .action = Show<&Terminal::TCartera>,
+            .strip = {Click<&MDI::Label1>, DoubleClick<&MDI::Combo1>}},
+};
+
+constexpr bool InMenuOrder() {
+  return std::ranges::is_sorted(
+      kCommands, {}, [](const Command& command) { return std::tuple(command.menu, command.item); });
+}
+static_assert(InMenuOrder());
+
+}  // namespace
+
+std::string_view CaptionOf(Menu menu) {
+  return menu == Menu::none ? "" : kMenuCaptions[static_cast<std::size_t>(menu)];
+}
+
+std::span<const Command> Commands() { return kCommands; }
+
+}  // namespace shell

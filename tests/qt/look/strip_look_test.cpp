@@ -1,0 +1,82 @@
+#include "qt/look/strip_look.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+
+#include "../wait.h"
+#include "qt/look/main_look.h"
+#include "support/memory_platform.h"
+
+namespace {
+
+class StripLookTest : public testing::Test {
+ protected:
+  StripLookTest() {
+    mdi.Label2.set_caption("Instrumentos: 5000");
+    mdi.Combo1.AddItem("WWWWWWWWWWWWWWWWWWWWWWWW ");
+    mdi.Text1.set_text("999,999,999");
+    mdi.Text2.set_text("-999.99%");
+    mdi.Text3.set_text("-99,999,999");
+    mdi.LT.set_caption("23:59:59");
+    mdi.LF.set_caption("26-04-2000");
+    look = qt::MakeMainLook(mdi, clock);
+    look.widget->show();
+  }
+  ~StripLookTest() override {
+    look.bond.reset();
+    delete look.widget;
+  }
+  [[nodiscard]] QWidget& Of(platform::Control& control) { return *look.widget_of(control); }
+
+  support::MemoryPlatform platform;
+  shell::MDI mdi{platform};
+  qt::FrameClock clock;
+  qt::Look look;
+};
+
+TEST_F(StripLookTest, AtEveryWidthAllOfItIsInSightAndTheTabKeyGoesAlongTheLines) {
+  const std::vector<platform::Control*> in_order{
+      &mdi.Picture2, &mdi.Command2, &mdi.Label1,   &mdi.Combo1,   &mdi.Text1,  &mdi.Text2,
+      &mdi.Text3,    &mdi.Command3, &mdi.Command1, &mdi.Picture3, &mdi.Check1, &mdi.Check2};
+  auto next = in_order.begin();
+  QWidget* stop = &Of(mdi.Picture2);
+  do {
+    if (next != in_order.end() && stop == &Of(**next)) ++next;
+    stop = stop->nextInFocusChain();
+  } while (stop != &Of(mdi.Picture2));
+  EXPECT_EQ(next, in_order.end());
+  for (const int width : {800, 1024, 1366, 1700, 2560, 800}) {
+    look.widget->resize(width, 500);
+    support::Settle();
+    ASSERT_EQ(look.widget->width(), width);
+    QRect before(-1, 0, 1, 1);
+    for (platform::Control* control : in_order) {
+      const QWidget& widget = Of(*control);
+      const QRect place = widget.geometry();
+      EXPECT_TRUE(widget.parentWidget()->rect().contains(place)) << width;
+      const int least = widget.minimumWidth();
+      EXPECT_GE(place.width(), least > 0 ? least : widget.minimumSizeHint().width()) << width;
+      EXPECT_TRUE(place.left() > before.right() || place.top() > before.bottom()) << width;
+      before = place;
+    }
+    EXPECT_GE(Of(mdi.Picture3).width(), 180) << "the status text at " << width;
+    EXPECT_LE(Of(mdi.LF).geometry().right(), width);
+  }
+}
+
+TEST_F(StripLookTest, TheBoxesHaveRoomForTheWidestFigures) {
+  for (platform::TextBox* box : {&mdi.Text1, &mdi.Text2, &mdi.Text3}) {
+    auto& widget = static_cast<QLineEdit&>(Of(*box));
+    const auto cursor = [&widget] {
+      return widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
+    };
+    widget.home(false);
+    const int first = cursor();
+    widget.end(false);
+    EXPECT_EQ(cursor() - first, widget.fontMetrics().horizontalAdvance(widget.text()))
+        << box->text() << " is scrolled";
+  }
+}
+
+}  // namespace
