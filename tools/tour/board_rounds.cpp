@@ -38,13 +38,13 @@ void Tour::Login() {
   Keep(OuterOf(terminal_.Conecta), QStringLiteral("conecta"));
 }
 
-void Tour::Menu() {
+void Tour::Menu(int place, const QString& name) {
   auto* bar = qobject_cast<QMainWindow*>(OuterOf(terminal_.MDI))->menuBar();
-  QAction* first = bar->actions().value(0);
-  first->menu()->popup(bar->mapToGlobal(bar->actionGeometry(first).bottomLeft()));
+  QAction* top = bar->actions().value(place);
+  top->menu()->popup(bar->mapToGlobal(bar->actionGeometry(top).bottomLeft()));
   Run(300);
-  KeepScreen(QStringLiteral("menu"));
-  first->menu()->close();
+  KeepScreen(name);
+  top->menu()->close();
 }
 
 void Tour::Board() {
@@ -52,7 +52,7 @@ void Tour::Board() {
   WaitFor("the instruments", [this] { return terminal_.store.NumInstrumentos() > 150; });
   Run(1500);
   Keep(OuterOf(terminal_.MDI), QStringLiteral("conectado"));
-  if (prefix_.isEmpty()) Menu();
+  if (prefix_.isEmpty()) Menu(0, QStringLiteral("menu"));
   Click(terminal_.MDI, terminal_.MDI.Check2);
   Click(terminal_.MDI, terminal_.MDI.Command3);
   WaitFor("the board", [this] { return terminal_.Continuo.visible(); });
@@ -111,6 +111,10 @@ void Tour::SmallScreen() {
   OuterOf(terminal_.Continuo)->setGeometry(10, 10, 1000, 560);
   Run(800);
   Keep(OuterOf(terminal_.MDI), QStringLiteral("1024x768"));
+  terminal_.TCartera.Show();
+  Run(1200);
+  Keep(OuterOf(terminal_.MDI), QStringLiteral("1024x768-carteras"));
+  terminal_.TCartera.Hide();
 }
 
 }  // namespace tour

@@ -93,6 +93,7 @@ bool Tour::Full() {
   Tickets();
   Tape();
   Alarms();
+  Portfolios();
   Input();
   LoseServer();
   SmallScreen();
@@ -106,6 +107,7 @@ bool Tour::Short() {
   Run(6000);
   Keep(OuterOf(terminal_.MDI), QStringLiteral("principal"));
   Tickets();
+  Portfolios();
   return good_;
 }
 

@@ -33,11 +33,16 @@ class Tour {
 
  private:
   void Login();
-  void Menu();
+  void Menu(int place, const QString& name);
   void Board();
   void Tickets();
   void Tape();
   void Alarms();
+  void Portfolios();
+  void MakePortfolios();
+  void RecordOperations();
+  void Holdings();
+  void Operations();
   void Input();
   void Slide();
   void Sort();
@@ -49,7 +54,12 @@ class Tour {
   /// False, with a word on it, when `done` doesn't come true in time.
   bool WaitFor(const char* what, const std::function<bool()>& done);
   void Type(platform::Window& window, platform::TextBox& box, const QString& text);
+  /// Types over what the field holds.
+  void Fill(platform::Window& window, platform::TextBox& box, const char* text);
   void Click(platform::Window& window, platform::Control& control);
+  void Choose(platform::Window& window, platform::ListBox& list, int row);
+  void Choose(platform::Window& window, platform::ComboBox& box, int row);
+  void AddPortfolio(const char* name, const char* agency, const char* account);
   void OpenTicket(int row);
   void DefineAlarm(const QString& price);
   void HoverHeading();
