@@ -30,8 +30,8 @@ class RecordFile {
   /// stays as it was.
   [[nodiscard]] bool Read(std::int64_t n, std::string& record) const;
   /// Writes record `n` in one write. `record` must have record_size bytes. A gap before it is
-  /// filled with zero bytes. False for `n` below 1 or beyond a file's length, and when the disk
-  /// takes less than the whole record.
+  /// filled with zero bytes. False for `n` below 1 or past what a file can hold, and when the
+  /// disk takes less than the whole record.
   bool Write(std::int64_t n, std::string_view record);
   /// Waits until what was written is on the disk, and the file's name with it. False where the disk
   /// doesn't say so.

@@ -62,6 +62,7 @@ void Cartera::Command1_Click() {
     Vaciar();
     SetFocus(Text1);
   } else {
+    LlenarLista();  // another terminal may have taken the room
     platform().dialogs().Message("No hay sitio para más carteras");
   }
 }
@@ -82,9 +83,8 @@ void Cartera::LlenarLista() {
 
 void Cartera::Command2_Click() {
   platform().dialogs().Message(
-      "Con el servicio de routing sus órdenes llegarían al mercado al momento. Pregunte por él a "
-      "su "
-      "agencia o broker.");
+      "Con el servicio de routing sus órdenes llegarían al mercado al momento. "
+      "Pregunte por él a su agencia o broker.");
 }
 
 void Cartera::Command3_Click() { Hide(); }

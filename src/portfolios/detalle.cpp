@@ -49,7 +49,8 @@ void Detalle::OnLoad() {
 
 void Detalle::Combo1_Change() {
   portfolios_.RecalcularPosiciones();
-  MostrarPosiciones(portfolios_.BuscarCartera(base::FixedText<25>::FromUtf8(Text1.text())));
+  const auto name = base::FixedText<25>::FromUtf8(Text1.text());
+  MostrarPosiciones(CarteraLlamada(portfolios_, name.utf8()));
 }
 
 void Detalle::Combo1_Click() {

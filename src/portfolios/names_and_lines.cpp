@@ -17,6 +17,8 @@ void AgregarNombres(platform::ComboBox& combo, const PortfolioStore& portfolios)
 
 void ListarPosiciones(platform::ListBox& list, const PortfolioStore& portfolios, int cartera) {
   list.Clear();
+  // Position lists exist for number 0 as well: what a journal of any content may name.
+  if (cartera == 0) return;
   for (int j = 1; j <= portfolios.NumPosiciones(cartera); ++j) {
     list.AddItem(LineaPosicion(portfolios.Posiciones(cartera, j)));
   }

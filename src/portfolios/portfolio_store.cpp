@@ -32,7 +32,8 @@ std::int64_t WholeRecords(const base::RecordFile& file) {
   return file.length() / static_cast<std::int64_t>(Record::kSize);
 }
 
-// Half a record or more at the end counts as one; it can't be read, so its slot is empty.
+// More than half a record at the end counts as one, exactly half goes to the even number. It can't
+// be read, so its slot is empty.
 template <typename Record>
 void Load(const base::RecordFile& file, int most, Tabla<Record>& table) {
   const double count = std::nearbyint(static_cast<double>(file.length()) / Record::kSize);
@@ -63,28 +64,33 @@ bool TakeIn(const base::RecordFile& file, int most, Tabla<Record>& table) {
   return true;
 }
 
-// Each record in one write, none before the one in front of it.
-void Append(base::RecordFile& file, Tabla<Operacion>& journal) {
-  while (journal.in_file < journal.count() &&
-         file.Write(journal.in_file + 1, journal[journal.in_file + 1].Encode())) {
-    ++journal.in_file;
+// What the file lacks, each record in one write, none before the one in front of it.
+template <typename Record>
+void Append(base::RecordFile& file, Tabla<Record>& table) {
+  if (table.in_file == table.count()) return;
+  while (table.in_file < table.count() &&
+         file.Write(table.in_file + 1, table[table.in_file + 1].Encode())) {
+    ++table.in_file;
   }
   (void)file.Flush();
 }
 
-// What the file has stays in it as it is.
-void Replace(const base::RecordFile& file, const std::string& path,
+// The same in one go. What the file has stays in it as it is.
+bool Replace(const base::RecordFile& file, const std::string& path,
              Tabla<FichaCartera>& portfolios) {
+  if (portfolios.in_file == portfolios.count()) return true;
   std::string content, record;
   for (int i = 1; i <= portfolios.count(); ++i) {
     if (i > portfolios.in_file) {
       record = portfolios[i].Encode();
     } else if (!file.Read(i, record)) {
-      return;
+      return false;
     }
     content += record;
   }
-  if (file.writable() && base::ReplaceFile(path, content)) portfolios.in_file = portfolios.count();
+  if (!file.writable() || !base::ReplaceFile(path, content)) return false;
+  portfolios.in_file = portfolios.count();
+  return true;
 }
 
 std::optional<std::int32_t> Narrow(std::int64_t shares) {
@@ -110,9 +116,7 @@ void Promediar(Operacion& position, double cost) {
 void Sumar(Operacion& position, const Operacion& operation) {
   double cost = static_cast<double>(position.Precio) * position.Titulos;
   cost = static_cast<double>(operation.Precio) * operation.Titulos + cost;
-  const auto shares = NewTitulos(position.Titulos, operation);
-  if (!shares) return;
-  position.Titulos = *shares;
+  position.Titulos = NewTitulos(position.Titulos, operation).value_or(position.Titulos);
   if (operation.Sentido == Operacion::kCompra) Promediar(position, cost);
 }
 
@@ -129,13 +133,6 @@ int PortfolioStore::NumPosiciones(int cartera) const {
 const Operacion& PortfolioStore::Posiciones(int cartera, int j) const {
   if (j < 1 || j > NumPosiciones(cartera)) return operaciones_[0];
   return posiciones_[static_cast<std::size_t>(cartera)][static_cast<std::size_t>(j - 1)];
-}
-
-int PortfolioStore::BuscarCartera(const base::FixedText<25>& name) const {
-  for (int i = 1; i <= NumCarteras(); ++i) {
-    if (carteras_[i].Nombre == name) return i;
-  }
-  return 0;
 }
 
 std::string PortfolioStore::NombreCorto(int i) const {
@@ -166,30 +163,30 @@ void PortfolioStore::Anotar(const Operacion& operacion) {
     if (known) Sumar(*held, operacion);
     return;
   }
-  const auto shares = NewTitulos(0, operacion);
-  if (!shares || positions.size() >= kMaxPosiciones) return;
+  if (positions.size() >= kMaxPosiciones) return;
   positions.push_back(operacion);
-  positions.back().Titulos = *shares;
+  positions.back().Titulos = NewTitulos(0, operacion).value_or(operacion.Titulos);
 }
 
 bool PortfolioStore::AgregarCartera(const FichaCartera& record) {
   const std::string path = dir_.Path(kFicheroCarteras);
-  const base::RecordFile file(path, FichaCartera::kSize);
+  base::RecordFile file(path, FichaCartera::kSize);
   const bool in_step = TakeIn(file, kMaxCarteras, carteras_);
   const bool room = NumCarteras() < kMaxCarteras;
   if (room) carteras_.records.push_back(record);
   LlenarSelector();
-  if (room && in_step) Replace(file, path, carteras_);
+  // A directory that takes no new file may still hold one that can be written to.
+  if (in_step && !Replace(file, path, carteras_)) Append(file, carteras_);
   return room;
 }
 
 bool PortfolioStore::AgregarOperacion(const Operacion& record) {
   base::RecordFile file(dir_.Path(kFicheroOperaciones), Operacion::kSize);
   const bool in_step = TakeIn(file, kMaxOperaciones, operaciones_);
-  if (NumOperaciones() >= kMaxOperaciones) return false;
-  operaciones_.records.push_back(record);
+  const bool room = NumOperaciones() < kMaxOperaciones;
+  if (room) operaciones_.records.push_back(record);
   if (in_step) Append(file, operaciones_);
-  return true;
+  return room;
 }
 
 void PortfolioStore::LlenarSelector() {

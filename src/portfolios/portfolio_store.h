@@ -27,8 +27,9 @@ struct Tabla {
 /// The user's portfolios, the journal of their purchases and sales, and the positions that follow
 /// from it. "Carteras.QRT" and "Operaciones.QRT" only grow: what is added is in the file and on the
 /// disk before the call returns; where the disk refuses, the record stays in memory and goes out
-/// with the next one. What somebody else has added meanwhile is read first and never written over.
-/// Files of any content give what can be read of them. Records, positions and portfolios count from
+/// with the next one, taken or not. What another terminal has added meanwhile is read first; two
+/// that add in the same moment may still lose one of both. Files of any content give what can be
+/// read of them. Records, positions and portfolios count from
 /// 1; a number out of range gives an empty one. `dir` and `selector` outlive it.
 class PortfolioStore {
  public:
@@ -45,8 +46,6 @@ class PortfolioStore {
   [[nodiscard]] int NumPosiciones(int cartera) const;
   [[nodiscard]] const Operacion& Posiciones(int cartera, int j) const;
 
-  /// First portfolio with exactly that name, 25 bytes with its blanks; 0 when there is none.
-  [[nodiscard]] int BuscarCartera(const base::FixedText<25>& name) const;
   /// How portfolio `i` reads in the selector: its name up to and with the first of two blanks, or
   /// "" where no two blanks follow one another. UTF-8.
   [[nodiscard]] std::string NombreCorto(int i) const;
@@ -54,8 +53,8 @@ class PortfolioStore {
   /// Reads both files, creating what is missing, fills the selector and reckons the positions. More
   /// records than the tables hold are left in the files.
   void CargarCarteras();
-  /// Reckons all positions anew from the journal. An operation that finds no room, or whose sum
-  /// doesn't fit, changes nothing.
+  /// Reckons all positions anew from the journal. One past the most positions is left out,
+  /// and a sum that doesn't fit leaves the quantity as it was.
   void RecalcularPosiciones();
 
   /// False where the table is full: `record` isn't taken then. Lists the selector anew.

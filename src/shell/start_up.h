@@ -7,8 +7,9 @@ namespace shell {
 class Terminal;
 
 /// The load of the main window: prepares the tick directory, loads the market windows hidden, sets
-/// up both tickers, reads the colours and applies them. A step that fails leaves its default. Reads
-/// and creates "Colores.QUO", empties "Ticks".
+/// up both tickers, reads the colours and applies them, reads alarms and portfolios. A step that
+/// fails leaves its default. Creates the files that it reads but for the alarms', and empties
+/// "Ticks".
 void StartUp(Terminal& terminal, const base::ProgramDir& directory);
 
 }  // namespace shell

@@ -144,11 +144,12 @@ TEST_F(OperarCartera, KeepsTheNameLastFoundAndRefusesACodeWithoutAndAFullJournal
   dialog.Command1.Click();
   EXPECT_EQ(Last(), "NADIEX |OTRAS CAÑAS|1|2|426|0|1|1") << "the name of the code before it";
 
+  Operate(0, "ZZZ", 1, 1);
   Fill("1", "ZZZ", "2");
   dialog.Combo1.set_text("A");  // not all of a name
   dialog.Command1.Click();
   EXPECT_EQ(Typed() + Lines(dialog.List2), "||");
-  EXPECT_TRUE(portfolios.NumOperaciones() == 2 && outside.boxes.messages.size() == 1);
+  EXPECT_TRUE(portfolios.NumOperaciones() == 3 && outside.boxes.messages.size() == 1);
 
   dir.Write("Operaciones.QRT", std::string(500 * portfolios::Operacion::kSize, ' '));
   portfolios.CargarCarteras();

@@ -180,6 +180,8 @@ TEST_F(Holdings, ColumnsFollowTheFlagsAndTheirPlace) {
   for (const Case& c : cases) {
     temp.Write("MC.CAM", c.flags);
     view.ColoresOn();
+    EXPECT_EQ(view.CarteraActual(), 0);
+    view.Mostrar(1);
     EXPECT_EQ(RowText(view.G, 0), "Instrumento|" + c.headings);
     EXPECT_EQ(RowText(view.G, 1), "TELEFONICA          |" + c.row);
     EXPECT_EQ(view.G.on_before_move_column(c.from, c.to), c.moved_to) << c.headings;
@@ -188,6 +190,7 @@ TEST_F(Holdings, ColumnsFollowTheFlagsAndTheirPlace) {
   EXPECT_EQ(view.G.width(7), 1335);
   WriteColors(9);
   view.ColoresOn();
+  view.Mostrar(1);
   EXPECT_EQ(view.G.back(1, 10), 9);
   view.G.MoveColumn(4, 1);
   view.G.set_text(0, 2, "Pesetas");

@@ -1,5 +1,6 @@
 #include "qt/app/app.h"
 
+#include <csignal>
 #include <dlfcn.h>
 #include <thread>
 
@@ -45,6 +46,8 @@ class FontSettings {
 }  // namespace
 
 int Run(int argc, char** argv) {
+  // A file that grows past the user's limit is like a full disk: the write fails, no more.
+  std::signal(SIGXFSZ, SIG_IGN);
   FontSettings fonts;
   int names = argc > 0 ? 1 : 0;
   QApplication application(names, argv);
