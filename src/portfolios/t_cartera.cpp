@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
 #include "base/masks.h"
 
@@ -49,9 +50,8 @@ constexpr views::GridDesign kDesign{
     .own_columns = kClosing.size(),
 };
 
-// Positions have a code each; where the server doubles a code without end, that isn't to fill the
-// window.
-constexpr std::size_t kMaxFilas = 200;
+// Of one code: where the server doubles it without end, that isn't to fill the window.
+constexpr int kMaxDobles = 20;
 
 // What doesn't fit isn't stored; what came as infinity or NaN goes on as it is.
 void Store(float& target, double value) {
@@ -102,10 +102,10 @@ std::vector<TCartera::Valor> TCartera::ValoresDe(int p) const {
   const store::InstrumentStore& store = context().store;
   std::vector<Valor> valores;
   for (int k = 1; k <= portfolios_.NumPosiciones(p); ++k) {
-    const store::Codigo& code = portfolios_.Posiciones(p, k).Codigo;
-    for (std::int16_t slot = store.SiguienteDe(code, 0); slot != 0 && valores.size() < kMaxFilas;
-         slot = store.SiguienteDe(code, slot)) {
-      valores.push_back({slot, store.Instrumentos(slot).Nombre});
+    const Operacion& held = portfolios_.Posiciones(p, k);
+    std::int16_t slot = 0;
+    for (int n = 0; n < kMaxDobles && (slot = store.SiguienteDe(held.Codigo, slot)) != 0; ++n) {
+      valores.push_back({slot, store.Instrumentos(slot).Nombre, held.Titulos, held.Precio});
     }
   }
   return valores;
@@ -113,12 +113,19 @@ std::vector<TCartera::Valor> TCartera::ValoresDe(int p) const {
 
 void TCartera::Mostrar(int p) {
   if (p < 1 || p > PortfolioStore::kMaxCarteras) return;
-  std::vector<Valor> valores = ValoresDe(p);
-  if (valores_ != valores || std::ssize(valores) != G.rows() - 1) CarteraActual_ = 0;
-  if (p == CarteraActual_) return;
+  const std::vector<Valor> before = std::exchange(valores_, ValoresDe(p));
+  const bool rows_stand =
+      std::ssize(valores_) == G.rows() - 1 && std::ranges::equal(before, valores_, &Valor::SameRow);
+  if (!rows_stand) CarteraActual_ = 0;
+  if (p != CarteraActual_) return Rehacer(p);
+  for (std::size_t i = 0; i < valores_.size(); ++i) {
+    if (!valores_[i].SameHolding(before[i])) negoti(valores_[i].slot);
+  }
+}
+
+void TCartera::Rehacer(int p) {
   ClearRows();
   CarteraActual_ = static_cast<std::int16_t>(p);
-  valores_ = std::move(valores);
   for (const Valor& valor : valores_) {
     AddNameRow(context().store.Instrumentos(valor.slot));
     negoti(valor.slot);

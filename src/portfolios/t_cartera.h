@@ -19,9 +19,9 @@ class TCartera : public views::GridView {
   /// The portfolio shown; 0 when the rows must be made anew.
   [[nodiscard]] std::int16_t CarteraActual() const { return CarteraActual_; }
 
-  /// Makes the rows those of portfolio `p`, unless they are already, whatever their order. There is
-  /// one for each position and each instrument of its code, 200 at most. A number that no portfolio
-  /// can have changes nothing.
+  /// Makes the rows those of portfolio `p`, unless they are already, whatever their order; then
+  /// only rows of changed holdings are painted. There is one for each position and each instrument
+  /// of its code, 20 of a code at most. A number that no portfolio can have changes nothing.
   void Mostrar(int p);
   /// Takes the settings anew; the rows are then made anew with the next `Mostrar`.
   void ColoresOn();
@@ -39,10 +39,20 @@ class TCartera : public views::GridView {
   struct Valor {
     std::int16_t slot = 0;
     base::FixedText<20> Nombre;  // as it was then: the row is found by it
-    friend bool operator==(const Valor&, const Valor&) = default;
+    std::int32_t Titulos = 0;    // as painted
+    float Precio = 0;
+
+    [[nodiscard]] bool SameRow(const Valor& other) const {
+      return slot == other.slot && Nombre == other.Nombre;
+    }
+    /// A price that is no number is the same as any.
+    [[nodiscard]] bool SameHolding(const Valor& other) const {
+      return Titulos == other.Titulos && !(Precio < other.Precio || Precio > other.Precio);
+    }
   };
 
   [[nodiscard]] std::vector<Valor> ValoresDe(int p) const;
+  void Rehacer(int p);
   void BuildValuedRow(const store::Instrumento& record);
 
   const PortfolioStore& portfolios_;

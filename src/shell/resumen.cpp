@@ -106,9 +106,9 @@ void Resumen::Escribir(const Total& total) {
   }
   mdi_.Text1.set_text(value);
   mdi_.Text3.set_text(gain);
+  if (Coste == 0) return;  // nothing to take a percentage of
   const double percent = Valor * 100 / Coste - 100;
-  // What cost nothing has no percentage.
-  if (std::isfinite(percent)) mdi_.Text2.set_text(base::masks::kPercent.Format(percent) + "%");
+  mdi_.Text2.set_text(std::isfinite(percent) ? base::masks::kPercent.Format(percent) + "%" : "");
 }
 
 }  // namespace shell

@@ -128,6 +128,8 @@ TEST_F(Holdings, RowsAreMadeAnewOnlyWhereTheyAreNotThosePositions) {
   for (const int nobody : {-1, 0, 11}) shows(nobody, "CA", false);
   DoubleClick(0, 0);
   shows(1, "AC", false);
+  Buy(1, "AAA");
+  shows(1, "AC", true);
   shows(2, "B", true);
   shows(1, "CA", true);
   Know("NEW", "NEW");
@@ -188,6 +190,13 @@ TEST_F(Holdings, ColumnsFollowTheFlagsAndTheirPlace) {
     EXPECT_EQ(view.G.width(view.G.cols() - 2), 2000) << "a width follows its heading";
   }
   EXPECT_EQ(view.G.width(7), 1335);
+  EXPECT_TRUE(view.Timer1.enabled());
+  view.set_rect({300, 400, 5000, 4000});
+  view.Command4_Click();
+  portfolios::TCartera next{{outside, dir, store, pipeline, config, FaseCierre}, portfolios};
+  next.Load();
+  EXPECT_TRUE(next.rect() == view.rect() && next.G.width(9) == 2000);
+
   WriteColors(9);
   view.ColoresOn();
   view.Mostrar(1);

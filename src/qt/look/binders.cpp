@@ -24,7 +24,8 @@ void ShowName(QWidget& widget, const QString& name) {
 
 /// What names a control to those who can't see it. `caption` is its own or that of its label.
 QString NameOf(const QString& caption, const platform::Control& control) {
-  return caption.isEmpty() ? Text(control.tool_tip()) : caption;
+  const QString name = caption.trimmed();
+  return name.isEmpty() ? Text(control.tool_tip()).trimmed() : name;
 }
 
 void ShowCommon(const platform::Control& control, QWidget& widget) {
@@ -103,7 +104,7 @@ void Binders::Bind(platform::Label& label, LabelWidget& widget, Colors colors) {
       widget.set_colors(ColorOf(label.fore()), ColorOf(label.back()));
     }
     ShowCommon(label, widget);
-    ShowName(widget, NameOf(text.trimmed(), label));
+    ShowName(widget, NameOf(text, label));
   });
   widget.on_click = [&label] { label.Click(); };
   widget.on_double_click = [&label] { label.DoubleClick(); };

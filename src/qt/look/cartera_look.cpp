@@ -10,8 +10,6 @@
 namespace qt {
 namespace {
 
-constexpr QSize kLeastList(430, 300);  // ten portfolios
-
 /// A line is the name in its full length, and the agency directly behind it.
 QStringList NameAndAgency(const QString& line) {
   constexpr qsizetype kName = 25;
@@ -22,8 +20,8 @@ QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* di
                    Binders& binders) {
   auto* form = new QGridLayout;
   form->setHorizontalSpacing(14);
-  form->setVerticalSpacing(12);
-  form->setColumnMinimumWidth(1, 270);
+  form->setVerticalSpacing(8);
+  SetFieldWidth(*form, 248, 270);
   column.addLayout(form);
   const auto add = [&](int row, platform::TextBox& box, QChar letter) {
     auto* label = QuietLabel(WithMnemonic(box.label(), letter), TextFont(), dialog);
@@ -46,11 +44,9 @@ QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* di
 Look MakePortfolioLook(portfolios::Cartera& window, FrameClock& clock) {
   auto* dialog = new QDialog;
   auto binders = std::make_shared<Binders>(*dialog, clock);
-  auto* all = new QVBoxLayout(dialog);
-  all->setContentsMargins(24, 24, 24, 20);
-  all->setSpacing(20);
+  auto* all = AddBody(*dialog);
   auto* middle = new QHBoxLayout;
-  middle->setSpacing(28);
+  middle->setSpacing(24);
   all->addLayout(middle, 1);
 
   auto* left = new QVBoxLayout;
@@ -69,7 +65,7 @@ Look MakePortfolioLook(portfolios::Cartera& window, FrameClock& clock) {
                         .split = NameAndAgency,
                         .alignments = {Qt::AlignLeft, Qt::AlignLeft}},
                        dialog, *binders);
-  list->setMinimumSize(kLeastList);
+  list->setMinimumWidth(240);
   list->set_empty_text(QStringLiteral("Todavía no hay carteras."));
 
   auto* buttons = new QHBoxLayout;

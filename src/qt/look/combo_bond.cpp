@@ -19,6 +19,11 @@ namespace {
 
 constexpr int kMargin = 9, kRowHeight = 28, kRows = 12, kWidestPopup = 480, kLeastCharacters = 12;
 
+qsizetype VisibleLength(QStringView text) {
+  while (text.endsWith(u' ')) text.chop(1);
+  return text.size();
+}
+
 class EntryDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -41,9 +46,8 @@ class EntryDelegate : public QStyledItemDelegate {
  private:
   /// Without the blanks at the end, which are often many.
   static QString Shown(const QModelIndex& index) {
-    QString entry = OneLine(index.data().toString());
-    while (entry.endsWith(QLatin1Char(' '))) entry.chop(1);
-    return entry;
+    const QString entry = OneLine(index.data().toString());
+    return entry.left(VisibleLength(entry));
   }
 };
 
@@ -78,13 +82,18 @@ ComboBond::ComboBond(platform::ComboBox& box, QComboBox& widget, QObject* parent
 }
 
 void ComboBond::Show() {
+  if (shown_ != box_.items()) Fill();
   const QString text = Text(box_.text());
-  const bool refilled = shown_ != box_.items();
-  if (refilled) Fill();
-  if (widget_.currentText() == text && !refilled) return;
+  if (widget_.currentText() != text) ShowText(text);
+}
+
+// One who comes by reads a text from its beginning; one who is there goes on behind what is to be
+// seen of it.
+void ComboBond::ShowText(const QString& text) {
   widget_.setEditText(text);
   FitIndex();
-  if (!widget_.hasFocus()) widget_.lineEdit()->home(false);
+  const qsizetype end = widget_.hasFocus() ? VisibleLength(text) : 0;
+  widget_.lineEdit()->setCursorPosition(static_cast<int>(end));
 }
 
 void ComboBond::Fill() {
@@ -100,6 +109,7 @@ void ComboBond::Fill() {
   QAbstractItemView& list = *widget_.view();
   const int bar = list.verticalScrollBar()->sizeHint().width() + kMargin;
   list.setMinimumWidth(qMin(list.sizeHintForColumn(0) + bar, kWidestPopup));
+  FitIndex();
 }
 
 // The entry from which the arrow keys step and that a popup shows lit: it bears the text, whichever
@@ -120,6 +130,8 @@ void ComboBond::Choose(int index) {
   // An entry of a list that has been filled anew since it was drawn is none.
   if (shown_ == box_.items()) box_.Click(index);
   Show();
+  // Qt has written the chosen entry by itself.
+  ShowText(Text(box_.text()));
 }
 
 bool ComboBond::eventFilter(QObject* watched, QEvent* event) {

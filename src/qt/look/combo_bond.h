@@ -12,7 +12,8 @@ namespace qt {
 
 /// Entries and text of a combo box on the screen, which become those of its model and of which Qt
 /// changes none by itself. Only a choice of the user is a click: in the popup, or by the arrow
-/// keys. The box closes its popup where its entries change. Box and widget outlive it.
+/// keys. After a text that isn't typed the cursor stands before the blanks at its end. The box
+/// closes its popup where its entries change. Box and widget outlive it.
 class ComboBond : public QObject {
  public:
   ComboBond(platform::ComboBox& box, QComboBox& widget, QObject* parent);
@@ -24,6 +25,7 @@ class ComboBond : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void ShowText(const QString& text);
   void Fill();
   void FitIndex();
   void Choose(int index);

@@ -45,7 +45,7 @@ QComboBox* AddHead(QVBoxLayout& all, Detalle& window, QDialog* dialog, Binders& 
   auto* combo = MakePortfolioBox(window.Combo1, dialog, binders);
   portfolio->setBuddy(combo);
   head->addWidget(portfolio);
-  head->addWidget(combo);
+  head->addWidget(combo, 2);
   head->addStretch(1);
   auto* value = new QGridLayout;
   value->setHorizontalSpacing(14);
@@ -62,9 +62,7 @@ QComboBox* AddHead(QVBoxLayout& all, Detalle& window, QDialog* dialog, Binders& 
 Look MakeDetailLook(Detalle& window, FrameClock& clock) {
   auto* dialog = new QDialog;
   auto binders = std::make_shared<Binders>(*dialog, clock);
-  auto* all = new QVBoxLayout(dialog);
-  all->setContentsMargins(24, 20, 24, 24);
-  all->setSpacing(20);
+  auto* all = AddBody(*dialog);
   auto* combo = AddHead(*all, window, dialog, *binders);
   auto* lists = new QHBoxLayout;
   lists->setSpacing(24);
@@ -78,6 +76,7 @@ Look MakeDetailLook(Detalle& window, FrameClock& clock) {
                .split = OperationCells,
                .alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight}},
               dialog, *binders);
+  operations->setMinimumWidth(310);
 
   // The models know when these widgets have told them.
   const auto tell = [&window, positions, operations] {

@@ -21,6 +21,8 @@ namespace {
 
 constexpr int kMargin = 8, kRowHeight = 26;
 
+QRect RoomIn(const QRect& row) { return row.adjusted(kMargin, 0, -kMargin, 0); }
+
 /// Never wider than the list, which so needs no look at the lines out of sight.
 class LineDelegate : public QStyledItemDelegate {
  public:
@@ -38,10 +40,9 @@ class LineDelegate : public QStyledItemDelegate {
       painter->setBrush(Qt::NoBrush);
       painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
-    const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
     painter->setFont(option.font);
     painter->setPen(lit ? Qt::white : tone::kText);
-    DrawLine(*painter, room, index);
+    DrawLine(*painter, RoomIn(option.rect), index);
   }
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override {
     return {0, kRowHeight};
@@ -49,7 +50,7 @@ class LineDelegate : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override {
     if (event->type() != QEvent::ToolTip ||
-        WidthOf(index, view->fontMetrics()) <= option.rect.width() - 2 * kMargin) {
+        WidthOf(index, view->fontMetrics()) <= RoomIn(option.rect).width()) {
       return false;
     }
     const QString line = index.data().toString();
@@ -146,11 +147,13 @@ ListWidget::ListWidget(platform::ListBox& list, QWidget* parent)
 
 ListWidget::~ListWidget() { setModel(nullptr); }
 
-void ListWidget::set_cells(Split split, QList<Qt::Alignment> alignments) {
-  columns_ = std::make_unique<ListColumns>(std::move(split), std::move(alignments));
+void ListWidget::set_cells(Split split, QList<Qt::Alignment> alignments, QStringList headings) {
+  columns_ =
+      std::make_unique<ListColumns>(std::move(split), std::move(alignments), std::move(headings));
   lines_->set_columns(*columns_);
   setItemDelegate(new CellsDelegate(*columns_, this));
   setFont(TextFont());
+  setViewportMargins(0, columns_->headed() ? kRowHeight : 0, 0, 0);
   Refresh();
 }
 
@@ -164,7 +167,7 @@ void ListWidget::Refresh() {
   refreshing_ = true;
   const bool at_end = verticalScrollBar()->value() == verticalScrollBar()->maximum();
   const int before = lines_->rowCount();
-  if (columns_) columns_->Measure(list_->items(), font());
+  Measure();
   lines_->Refresh();
   const int row = list_->list_index();
   if (row < 0) {
@@ -174,6 +177,12 @@ void ListWidget::Refresh() {
   }
   refreshing_ = false;
   if (follows_end_ && at_end && lines_->rowCount() > before) scrollToBottom();
+}
+
+void ListWidget::Measure() {
+  if (!columns_) return;
+  columns_->Measure(list_->items(), font());
+  if (columns_->headed()) update();
 }
 
 void ListWidget::Drop() {
@@ -227,11 +236,27 @@ void ListWidget::paintEvent(QPaintEvent* event) {
   painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
 }
 
+// The headings stand in the margin above the viewport, which the list itself paints.
+bool ListWidget::event(QEvent* event) {
+  const bool done = QListView::event(event);
+  if (event->type() == QEvent::Paint && columns_ && columns_->headed()) DrawHeadings();
+  return done;
+}
+
+void ListWidget::DrawHeadings() {
+  const QRect below = viewport()->geometry();
+  const QRect head(below.x(), below.y() - kRowHeight, below.width(), kRowHeight);
+  QPainter painter(this);
+  painter.fillRect(head, tone::kWindow);
+  painter.fillRect(head.adjusted(0, kRowHeight - 2, 0, 0),
+                   hasFocus() ? tone::kAccent : tone::kLine);
+  painter.setPen(tone::kMuted);
+  columns_->DrawHeadings(painter, RoomIn(head));
+}
+
 void ListWidget::changeEvent(QEvent* event) {
   QListView::changeEvent(event);
-  if (event->type() == QEvent::FontChange && columns_ && list_) {
-    columns_->Measure(list_->items(), font());
-  }
+  if (event->type() == QEvent::FontChange && list_) Measure();
 }
 
 }  // namespace qt

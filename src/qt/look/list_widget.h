@@ -23,8 +23,10 @@ class ListWidget : public QListView {
 
   /// Draws every line as cells in common columns, each as wide as its widest cell. `split` gives
   /// the cells of a line; the blanks around them fall away. A column without an alignment stands
-  /// left. Those who can't see the columns get the cells with two blanks between.
-  void set_cells(Split split, QList<Qt::Alignment> alignments);
+  /// left. With `headings` each column has its own above the lines, over one that lights up while
+  /// the list has the keyboard. Those who can't see the columns get the cells with two blanks
+  /// between.
+  void set_cells(Split split, QList<Qt::Alignment> alignments, QStringList headings = {});
   /// A quiet text for when there is no line.
   void set_empty_text(const QString& text);
   /// Whether new lines come into sight, as long as the last one was.
@@ -35,9 +37,12 @@ class ListWidget : public QListView {
   /// The model goes away.
   void Drop();
 
-  [[nodiscard]] QSize sizeHint() const override { return {560, 260}; }
+  [[nodiscard]] QSize sizeHint() const override {
+    return columns_ ? QSize(400, 300) : QSize(560, 260);
+  }
 
  protected:
+  bool event(QEvent* event) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
       const QModelIndex& index, const QEvent* event) const override;
@@ -49,6 +54,9 @@ class ListWidget : public QListView {
 
  private:
   class Lines;
+
+  void Measure();
+  void DrawHeadings();
 
   platform::ListBox* list_;
   std::unique_ptr<ListColumns> columns_;  // none: lines as they stand

@@ -20,7 +20,7 @@ using portfolios::Operar_Cartera;
 class SideButton : public QRadioButton {
  public:
   explicit SideButton(const QColor& tint) : tint_(tint) {
-    setMinimumHeight(40);
+    setMinimumHeight(36);
     setFont(StrongFont());
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -71,12 +71,13 @@ void ShowNote(QLabel& note, const QString& text, const QColor& ink) {
   note.setPalette(palette);
 }
 
-/// A line of room below a field, for what there is to say about it.
-QLabel* AddNote(QGridLayout& form, int row, QDialog* dialog) {
+/// Room of some lines below a field, for what there is to say about it.
+QLabel* AddNote(QGridLayout& form, int row, int lines, QDialog* dialog) {
   auto* note = QuietLabel({}, SmallFont(), dialog);
-  note->setContentsMargins(8, 0, 0, 4);
-  note->setMinimumHeight(note->fontMetrics().height() + 4);
+  note->setContentsMargins(8, 0, 0, 0);
+  note->setMinimumHeight(lines * note->fontMetrics().height() + 2);
   note->setWordWrap(true);
+  note->setAlignment(Qt::AlignTop);
   form.addWidget(note, row, 1);
   return note;
 }
@@ -118,7 +119,7 @@ void AddSides(QGridLayout& form, int row, Operar_Cartera& window, QDialog* dialo
               Binders& binders) {
   auto* sides = new QWidget(dialog);
   auto* line = new QHBoxLayout(sides);
-  line->setContentsMargins(0, 0, 0, 4);
+  line->setContentsMargins(0, 0, 0, 2);
   line->setSpacing(8);
   const auto add = [&](platform::OptionButton& option, const QColor& tint) {
     auto* side = new SideButton(tint);
@@ -136,7 +137,7 @@ Order AddOrder(QGridLayout& form, Operar_Cartera& window, QDialog* dialog, Binde
   portfolio->setBuddy(combo);
   form.addWidget(portfolio, 0, 0, Qt::AlignRight | Qt::AlignVCenter);
   form.addWidget(combo, 0, 1);
-  auto* chosen = AddNote(form, 1, dialog);
+  auto* chosen = AddNote(form, 1, 2, dialog);
   AddSides(form, 2, window, dialog, binders);
 
   const auto add = [&](int row, platform::TextBox& box, QChar letter, const QString& hint) {
@@ -149,7 +150,7 @@ Order AddOrder(QGridLayout& form, Operar_Cartera& window, QDialog* dialog, Binde
   auto* code = add(4, window.Text3, u'E', QStringLiteral("Código"));
   Suggest([&window](std::string_view text) { return window.Sugerencias(text); }, window.Text3,
           *code, binders);
-  auto* name = AddNote(form, 5, dialog);
+  auto* name = AddNote(form, 5, 1, dialog);
   new TipWatch(
       *code, [&window, name] { TellName(window, *name); }, binders.context());
   add(6, window.Text4, u'P', QStringLiteral("Euros por acción, como 12.50"));
@@ -160,15 +161,15 @@ void AddCash(QVBoxLayout& all, Operar_Cartera& window, QDialog* dialog, Binders&
   auto* band = new Band(Qt::TopEdge, tone::kWindow, dialog);
   all.addWidget(band);
   auto* line = new QHBoxLayout(band);
-  line->setContentsMargins(0, 16, 0, 0);
-  line->setSpacing(12);
+  line->setContentsMargins(0, 12, 0, 0);
+  line->setSpacing(8);
   const auto add = [&](platform::TextBox& box, QChar letter) {
     auto* form = new QGridLayout;
     line->addLayout(form);
     auto* label = QuietLabel(WithMnemonic(box.label(), letter), SmallFont(), dialog);
     auto* field = AddField(*form, 0, label, box, binders);
     field->setPlaceholderText(QStringLiteral("0.00"));
-    field->setFixedWidth(96);
+    field->setFixedWidth(80);
   };
   add(window.Text5, u'I');
   add(window.Text6, u'R');
@@ -192,20 +193,18 @@ void AddCash(QVBoxLayout& all, Operar_Cartera& window, QDialog* dialog, Binders&
 Look MakeOperationLook(Operar_Cartera& window, FrameClock& clock) {
   auto* dialog = new QDialog;
   auto binders = std::make_shared<Binders>(*dialog, clock);
-  auto* all = new QVBoxLayout(dialog);
-  all->setContentsMargins(24, 24, 24, 20);
-  all->setSpacing(20);
+  auto* all = AddBody(*dialog);
   auto* middle = new QHBoxLayout;
-  middle->setSpacing(28);
+  middle->setSpacing(24);
   all->addLayout(middle, 1);
 
   auto* left = new QVBoxLayout;
-  left->setSpacing(16);
+  left->setSpacing(10);
   middle->addLayout(left);
   auto* form = new QGridLayout;
   form->setHorizontalSpacing(14);
-  form->setVerticalSpacing(8);
-  form->setColumnMinimumWidth(1, 300);
+  form->setVerticalSpacing(6);
+  SetFieldWidth(*form, 270, 300);
   left->addLayout(form);
   const Order order = AddOrder(*form, window, dialog, *binders);
   auto* recording = new QHBoxLayout;

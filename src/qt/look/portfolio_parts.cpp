@@ -3,16 +3,27 @@
 #include <algorithm>
 
 #include "qt/look/form_parts.h"
-#include "qt/look/headed_list.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/theme.h"
 
 namespace qt {
 namespace {
 
-constexpr QSize kLeastList(330, 200);
+constexpr QSize kLeastList(280, 160);
 
 }  // namespace
+
+QVBoxLayout* AddBody(QDialog& dialog) {
+  auto* body = new QVBoxLayout(&dialog);
+  body->setContentsMargins(20, 16, 20, 16);
+  body->setSpacing(16);
+  return body;
+}
+
+void SetFieldWidth(QGridLayout& form, int least, int usual) {
+  form.setColumnMinimumWidth(1, least);
+  form.addItem(new QSpacerItem(usual, 0, QSizePolicy::Preferred), 0, 1);
+}
 
 ListWidget* AddList(QHBoxLayout& row, platform::ListBox& list, const Columns& columns,
                     QWidget* parent, Binders& binders) {
@@ -21,7 +32,8 @@ ListWidget* AddList(QHBoxLayout& row, platform::ListBox& list, const Columns& co
   row.addLayout(column, 1);
   auto* name = QuietLabel(WithMnemonic(list.tool_tip(), columns.letter), TextFont(), parent);
   column->addWidget(name);
-  auto* widget = new HeadedList(list, columns.headings, columns.split, columns.alignments, parent);
+  auto* widget = new ListWidget(list, parent);
+  widget->set_cells(columns.split, columns.alignments, columns.headings);
   widget->setMinimumSize(kLeastList);
   name->setBuddy(widget);
   column->addWidget(widget, 1);
@@ -44,7 +56,7 @@ Columns PositionColumns(QChar letter) {
 
 QComboBox* MakePortfolioBox(platform::ComboBox& box, QWidget* parent, Binders& binders) {
   auto* widget = new QComboBox(parent);
-  widget->setMinimumSize(300, kFieldHeight);
+  widget->setMinimumSize(220, kFieldHeight);
   binders.Bind(box, *widget);
   return widget;
 }

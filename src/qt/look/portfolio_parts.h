@@ -4,6 +4,8 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QDialog>
+#include <QGridLayout>
 
 #include "platform/controls.h"
 #include "qt/look/binders.h"
@@ -11,6 +13,11 @@
 
 // What the dialogs of the portfolios have in common.
 namespace qt {
+
+/// The column that all of `dialog` stands in.
+[[nodiscard]] QVBoxLayout* AddBody(QDialog& dialog);
+/// Gives the fields of `form` `usual` pixels, of which `least` are left in a narrow window.
+void SetFieldWidth(QGridLayout& form, int least, int usual);
 
 /// How the lines of a list stand in columns.
 struct Columns {

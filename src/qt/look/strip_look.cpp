@@ -1,5 +1,7 @@
 #include "qt/look/strip_look.h"
 
+#include <algorithm>
+
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -58,8 +60,15 @@ class ValueBox : public QLineEdit {
     setFont(StrongFont());
     setAlignment(Qt::AlignRight);
     setTextMargins(3, 0, 3, 0);
-    const int text = QFontMetrics(font()).horizontalAdvance(QLatin1String(widest));
-    setFixedSize(text + 20, kHeight);
+    FitTo(QLatin1String(widest), 0);
+    // A figure that isn't there whole would be read as another one.
+    connect(this, &QLineEdit::textChanged, this,
+            [this, least = width()](const QString& text) { FitTo(text, least); });
+  }
+
+ private:
+  void FitTo(const QString& text, int least) {
+    setFixedSize(std::max(QFontMetrics(font()).horizontalAdvance(text) + 20, least), kHeight);
   }
 
  protected:

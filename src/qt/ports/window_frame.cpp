@@ -198,8 +198,12 @@ void WindowFrame::FitIntoArea() {
 
 void WindowFrame::Centre(const QWidget* over) {
   const QRect screen = outer_->screen()->availableGeometry();
-  if (look_.place == Place::dialog) outer_->adjustSize();
-  outer_->resize(outer_->size().boundedTo(screen.size() - kAdded));
+  QSize wanted = outer_->size();
+  if (look_.place == Place::dialog) {
+    outer_->adjustSize();
+    wanted = outer_->sizeHint();  // of which Qt gives no more than two thirds of the screen
+  }
+  outer_->resize(wanted.boundedTo(screen.size() - kAdded));
   const QRect below = over ? over->geometry() : screen;
   QRect place(below.center() - outer_->rect().center(), outer_->size());
   for (const QWidget* other : QApplication::topLevelWidgets()) {

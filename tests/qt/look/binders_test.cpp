@@ -19,7 +19,7 @@ class ComboTest : public testing::Test {
   ComboTest() {
     for (const char* item : {"Alfa ", "Beta", "", "Alfa ", "<b>Gamma</b>"}) box.AddItem(item);
     box.set_text("Beta");
-    box.set_label("&Cartera");
+    box.set_label("  &Cartera");
     box.on_change = [this] { events << "c:" + QString::fromStdString(box.text()); };
     box.on_click = [this] { events << "k:" + QString::fromStdString(box.text()); };
     box.on_double_click = [this] { events << "dd"; };
@@ -104,6 +104,32 @@ TEST_F(ComboTest, ArrowsAndThePopupChooseAndTheWheelDoesNot) {
                     Qt::LeftButton, Qt::NoModifier);
   QApplication::sendEvent(widget->lineEdit(), &twice);
   EXPECT_EQ(Events(), "dd");
+}
+
+TEST_F(ComboTest, TheCursorStandsBehindWhatIsToBeSeenOfAWrittenOrChosenText) {
+  host.activateWindow();
+  widget->setFocus();
+  ASSERT_TRUE(support::WaitFor([this] { return widget->hasFocus(); }));
+  const auto at = [this] { return widget->lineEdit()->cursorPosition(); };
+  box.AddItem("Delta   ");
+  for (const auto& [text, end] : {std::pair{"Delta   ", 5}, {"  ", 0}, {"Beta", 4}}) {
+    box.set_text(text);
+    Frame();
+    EXPECT_EQ(at(), end) << text;
+  }
+  box.set_text("<b>Gamma</b>");
+  Frame();
+  Press(widget, Qt::Key_Down);
+  EXPECT_EQ(at(), 5) << "by arrow";
+  widget->lineEdit()->end(false);
+  widget->showPopup();
+  Press(widget->view(), Qt::Key_Return);
+  EXPECT_EQ(at(), 5) << "in the popup";
+  EXPECT_EQ(Seen(), "5:Delta   ");
+  widget->lineEdit()->setCursorPosition(2);
+  box.AddItem("otra");
+  Frame();
+  EXPECT_EQ(at(), 2) << "new entries leave it alone";
 }
 
 TEST_F(ComboTest, EntriesThatAreFilledAnewCloseThePopupAndKeepTheText) {

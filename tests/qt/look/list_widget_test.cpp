@@ -139,6 +139,10 @@ TEST_F(ListWidgetTest, CellsStandInColumnsAndAreToldWithoutTabs) {
   EXPECT_EQ(line(), "7  TEF   12.50");
   widget->set_cells([](const QString& text) { return text.split('\t'); }, {Qt::AlignRight});
   EXPECT_EQ(line(), "7  TEF  12.50");
+  const int top = widget->viewport()->y();
+  widget->set_cells([](const QString& text) { return text.split('\t'); }, {}, {"Títulos"});
+  EXPECT_EQ(line(), "7  TEF  12.50");
+  EXPECT_GT(widget->viewport()->y(), top) << "room for the headings";
   widget->grab();
   list.Clear();
   EXPECT_NO_FATAL_FAILURE(widget->grab()) << "gone before the next frame";
@@ -168,6 +172,29 @@ TEST(ListColumns, AreAsWideAsTheirWidestCellsAndLookOnlyAtNewLines) {
   lines.assign({"i\t1"});
   columns.Measure(lines, font);
   EXPECT_EQ(columns.width(), width("i") + width("1") + gap);
+}
+
+TEST(ListColumns, HeadingsAndFiguresEndAtTheSamePlaceHoweverNarrowTheRoom) {
+  qt::ListColumns columns([](const QString& line) { return line.split('\t'); },
+                          {Qt::AlignLeft, Qt::AlignLeft, Qt::AlignRight}, {"i", "i", "H"});
+  const auto last = [&columns](int room, bool heading) {
+    QImage image(room, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setFont(qt::TextFont());
+    heading ? columns.DrawHeadings(painter, image.rect()) : columns.Draw(painter, image.rect(), 0);
+    return image.copy(room - 20, 0, 20, 30);
+  };
+  columns.Measure({"WWWWWWWWWWWWWWW\tWWWWWWWWWWW\tH", "i\ti\t1000.00"}, qt::TextFont());
+  const QImage whole = last(columns.width(), false);
+  QImage blank(whole);
+  blank.fill(Qt::white);
+  EXPECT_NE(whole, blank);
+  for (const int less : {0, 1, 20, 90}) {
+    EXPECT_EQ(last(columns.width() - less, false), whole) << less;
+    EXPECT_EQ(last(columns.width() - less, true), whole) << less;
+  }
+  for (int room = 20; room < columns.width(); ++room) (void)last(room, true);
 }
 
 }  // namespace

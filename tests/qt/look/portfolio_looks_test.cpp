@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 
 #include "../wait.h"
@@ -79,6 +80,7 @@ TEST_F(PortfolioLooksTest, EnterAddsAPortfolioOnlyOnceTheFormIsComplete) {
   auto& name = WidgetOf(cartera, cartera.Text1);
   auto& button = WidgetOf<QPushButton>(cartera, cartera.Command1);
   auto& list = WidgetOf<QAbstractItemView>(cartera, cartera.List1);
+  EXPECT_EQ(name.accessibleName(), "Nombre de la Cartera");
   Type(name, QString::fromUtf8(kLongName) + u'X');
   Type(WidgetOf(cartera, cartera.Text2), QStringLiteral("Añil & Cía"));
   Type(WidgetOf(cartera, cartera.Text3), QStringLiteral("0049"));
@@ -94,6 +96,21 @@ TEST_F(PortfolioLooksTest, EnterAddsAPortfolioOnlyOnceTheFormIsComplete) {
   EXPECT_TRUE(support::WaitFor([&] { return list.model()->rowCount() == 1; }));
   EXPECT_EQ(LineOf(list, 0), QString::fromUtf8(kLongName) + QStringLiteral("  Añil & Cía"));
   EXPECT_TRUE(name.text().isEmpty() && name.hasFocus() && !button.isEnabled());
+}
+
+TEST_F(PortfolioLooksTest, TheDialogsFitOnASmallScreen) {
+  AddPortfolio();
+  for (platform::Window* window :
+       {static_cast<platform::Window*>(&cartera), static_cast<platform::Window*>(&operar),
+        static_cast<platform::Window*>(&detalle)}) {
+    window->Show();
+    support::Settle();
+    const QWidget& outer = *platform.desktop().FrameOf(*window)->outer();
+    const QSize least = outer.minimumSizeHint();
+    EXPECT_LE(least.width(), 700) << window->caption();
+    EXPECT_LE(outer.layout()->minimumHeightForWidth(least.width()), 400) << window->caption();
+    EXPECT_GT(outer.width(), 750) << "more where there is room";
+  }
 }
 
 TEST_F(PortfolioLooksTest, TheFoundNameStandsBelowTheCodeAsInItsToolTip) {
