@@ -28,6 +28,7 @@ class Cartera : public platform::Window {
 
  protected:
   void OnLoad() override;
+  void OnActivate() override { SetFocus(Text1); }
 
  private:
   void PrepararControles();

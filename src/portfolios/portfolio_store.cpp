@@ -177,6 +177,7 @@ bool PortfolioStore::AgregarCartera(const FichaCartera& record) {
   LlenarSelector();
   // A directory that takes no new file may still hold one that can be written to.
   if (in_step && !Replace(file, path, carteras_)) Append(file, carteras_);
+  carteras_.refused = carteras_.in_file < NumCarteras();
   return room;
 }
 
@@ -186,6 +187,7 @@ bool PortfolioStore::AgregarOperacion(const Operacion& record) {
   const bool room = NumOperaciones() < kMaxOperaciones;
   if (room) operaciones_.records.push_back(record);
   if (in_step) Append(file, operaciones_);
+  operaciones_.refused = operaciones_.in_file < NumOperaciones();
   return room;
 }
 

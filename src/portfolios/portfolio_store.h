@@ -15,7 +15,8 @@ namespace portfolios {
 template <typename Record>
 struct Tabla {
   std::vector<Record> records = std::vector<Record>(1);
-  int in_file = 0;  // so many of them, from the first one on, are in the file
+  int in_file = 0;       // so many of them, from the first one on, are in the file
+  bool refused = false;  // the last one wasn't taken by the disk
 
   [[nodiscard]] int count() const { return static_cast<int>(records.size()) - 1; }
   /// The empty one for a number out of range.
@@ -61,6 +62,9 @@ class PortfolioStore {
   [[nodiscard]] bool AgregarCartera(const FichaCartera& record);
   /// False where the journal is full: `record` isn't taken then. Positions stay as they were.
   [[nodiscard]] bool AgregarOperacion(const Operacion& record);
+  /// What was last added is in memory only: the disk has refused it.
+  [[nodiscard]] bool CarteraSinGuardar() const { return carteras_.refused; }
+  [[nodiscard]] bool OperacionSinGuardar() const { return operaciones_.refused; }
 
  private:
   void LlenarSelector();

@@ -89,7 +89,7 @@ constexpr std::array kCommands{
     Command{.menu = Menu::carteras,
             .item = 1,
             .caption = "&Ver Carteras",
-            .key = "Ctrl+E",
+            .key = "F2",
             .tool = 41,
             .icon = Icon::operations,
             .action = Show<&Terminal::Detalle>},

@@ -1,5 +1,7 @@
 #include "store/suggestions.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/ansi.h"
@@ -14,23 +16,25 @@ constexpr std::size_t kMaxSugerencias = 8;
 
 std::vector<Sugerencia> Sugerencias(const InstrumentStore& store, std::string_view text) {
   const std::string wanted = base::UpperAnsi(base::Utf8ToAnsi(base::Trim(text)));
-  std::vector<Sugerencia> by_code, by_name;
-  if (wanted.empty()) return by_code;
-  for (int i = 1; i <= store.NumInstrumentos() && by_code.size() < kMaxSugerencias; ++i) {
+  // By how well they fit: begins the code, begins the name, stands in the name.
+  std::array<std::vector<Sugerencia>, 3> found;
+  std::vector<Sugerencia>& best = found[0];
+  if (wanted.empty()) return best;
+  for (int i = 1; i <= store.NumInstrumentos() && best.size() < kMaxSugerencias; ++i) {
     const Instrumento& record = store.Instrumentos(i);
     if (record.Nombre.trimmed().empty()) continue;
+    const std::string name = base::UpperAnsi(record.Nombre.trimmed());
     const bool code = base::UpperAnsi(record.Codigo.trimmed()).starts_with(wanted);
-    if (!code && (by_name.size() == kMaxSugerencias ||
-                  base::Find(base::UpperAnsi(record.Nombre.trimmed()), wanted) == 0)) {
-      continue;
-    }
-    (code ? by_code : by_name)
-        .push_back({record.Codigo.trimmed_utf8(), base::OneLine(record.Nombre.trimmed_utf8())});
+    const std::size_t place = code ? 1 : base::Find(name, wanted);
+    if (place == 0) continue;
+    std::vector<Sugerencia>& kind = found[code ? 0 : place == 1 ? 1 : 2];
+    if (kind.size() == kMaxSugerencias) continue;
+    kind.push_back({record.Codigo.trimmed_utf8(), base::OneLine(record.Nombre.trimmed_utf8())});
   }
-  for (Sugerencia& each : by_name) {
-    if (by_code.size() < kMaxSugerencias) by_code.push_back(std::move(each));
-  }
-  return by_code;
+  for (Sugerencia& each : found[1]) best.push_back(std::move(each));
+  for (Sugerencia& each : found[2]) best.push_back(std::move(each));
+  best.resize(std::min(best.size(), kMaxSugerencias));
+  return best;
 }
 
 }  // namespace store

@@ -79,12 +79,13 @@ TEST_F(APrecio, SuggestsNamedInstrumentsByCodeAndThenByName) {
   add("TAZX", "");
   add("ÑU", "Cañas");
   add("tad", "OTRA");
+  add("X", "Tapas");
   const auto all = [this](std::string_view text) {
     std::string found;
     for (const auto& [code, name] : dialog.Sugerencias(text)) found += code + '=' + name + '|';
     return found;
   };
-  EXPECT_EQ(all(" ta "), "TAZ=ASTILLEROS TAZO|tad=OTRA|ACE=Acerías Tazo|");
+  EXPECT_EQ(all(" ta "), "TAZ=ASTILLEROS TAZO|tad=OTRA|X=Tapas|ACE=Acerías Tazo|");
   EXPECT_EQ(all("ñ"), "ÑU=Cañas|");
   EXPECT_EQ(all("CERÍ"), "ACE=Acerías Tazo|");
   EXPECT_EQ(all("  ") + all("") + all("zzz"), "");

@@ -217,8 +217,10 @@ TEST_F(Portfolios, WriteWhatAFullDiskRefusedWithTheNextRecord) {
     terminal->Add("TWO", "Two");
     LimitFiles(RLIM_INFINITY);
     EXPECT_EQ(dir.Read(kOperaciones).size(), Operacion::kSize + room);
+    EXPECT_TRUE(terminal->book.OperacionSinGuardar() && terminal->book.CarteraSinGuardar());
     EXPECT_TRUE(Terminal(dir).Records().starts_with("One|ONE|"));
     terminal->Add("THREE", "Three");
+    EXPECT_FALSE(terminal->book.OperacionSinGuardar() || terminal->book.CarteraSinGuardar());
     EXPECT_EQ(Start().Records(), "One|Two|Three|ONE|TWO|THREE|");
   }
 }
