@@ -6,7 +6,6 @@
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -18,11 +17,12 @@
 #include "qt/look/theme.h"
 #include "qt/look/ticker_widget.h"
 #include "qt/look/tool_bar_look.h"
+#include "qt/ports/window_frame.h"
 
 namespace qt {
 namespace {
 
-constexpr QSize kFirstSize{1280, 800}, kLeastSize{800, 500};
+constexpr QSize kFirstSize{1280, 800}, kLeastSize{700, 400};
 
 void AddItems(QMenu& menu, const std::vector<platform::MenuItem>& items, QObject* context) {
   for (const platform::MenuItem& item : items) {
@@ -85,8 +85,9 @@ void JoinPaneKey(QMainWindow& window, QMdiArea& area, const QList<QWidget*>& pan
 
 Look MakeMainLook(shell::MDI& mdi, FrameClock& clock) {
   auto* window = new QMainWindow;
-  window->resize(kFirstSize.boundedTo(window->screen()->availableSize()));
-  window->setMinimumSize(kLeastSize);
+  const QSize room = RoomOnScreen(*window);
+  window->resize(kFirstSize.boundedTo(room));
+  window->setMinimumSize(kLeastSize.boundedTo(room));
   auto binders = std::make_shared<Binders>(*window, clock);
   for (const platform::MenuItem& top : mdi.menu) {
     AddItems(*window->menuBar()->addMenu(Text(top.caption)), top.items, binders->context());

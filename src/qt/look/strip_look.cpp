@@ -15,71 +15,111 @@
 namespace qt {
 namespace {
 
-constexpr int kHeight = 28, kGap = 10, kNearGap = 5, kGroupGap = 20, kLineGap = 4;
+constexpr int kHeight = 28, kGap = 10, kTightGap = 3, kNearGap = 5, kGroupGap = 20, kLineGap = 4;
 constexpr int kStatusRoom = 260;  // in which the status ticker can be read
-constexpr int kLeastCombo = 110, kComboLetters = 20;
+constexpr int kLeastCombo = 86, kComboLetters = 20;
 
-/// Two groups of controls, beside one another or the second below the first.
+/// A figure of the program's, in the colours of its model, with room for all of it where there is
+/// any. Before there is one it stays quiet.
+class ValueBox : public QLineEdit {
+ public:
+  ValueBox(const char* usual, QWidget* parent) : QLineEdit(parent) {
+    setFont(StrongFont());
+    setAlignment(Qt::AlignRight);
+    setTextMargins(3, 0, 3, 0);
+    setFixedSize(least_ = WidthOf(QLatin1String(usual)), kHeight);
+  }
+
+  [[nodiscard]] int wanted() const { return std::max(WidthOf(text()), least_); }
+  /// Takes the room it wants but `over`, or as much of that as it can do without. What is left.
+  int GiveWay(int over) {
+    const int given = std::clamp(over, 0, wanted() - least_);
+    setFixedWidth(wanted() - given);
+    return over - given;
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    const bool blank = text().isEmpty();
+    if (!blank && width() >= wanted()) return QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    const QColor ground = blank ? tone::kGround : palette().color(QPalette::Base);
+    DrawRounded(painter, rect(), ground, hasFocus() ? tone::kAccent : tone::kLine);
+    painter.setFont(font());
+    painter.setPen(blank ? tone::kLine : palette().color(QPalette::Text));
+    // A figure that isn't there whole would be read as another one.
+    painter.drawText(rect(), Qt::AlignCenter,
+                     blank ? QStringLiteral("–")
+                           : fontMetrics().elidedText(text(), Qt::ElideRight, width() - kEdges));
+  }
+
+ private:
+  static constexpr int kEdges = 20;
+
+  [[nodiscard]] int WidthOf(const QString& text) const {
+    return QFontMetrics(font()).horizontalAdvance(text) + kEdges;
+  }
+
+  int least_ = 0;
+};
+
+/// Two groups of controls, beside one another or the second below the first. Where the first is
+/// too wide for a line its gaps give way, then its figures.
 class Strip : public Band {
  public:
   explicit Strip(QWidget* parent)
       : Band(Qt::TopEdge, tone::kWindow, parent),
         groups_(new QBoxLayout(QBoxLayout::TopToBottom, this)),
         first_(new QHBoxLayout),
-        second_(new QHBoxLayout) {
-    groups_->setContentsMargins(8, 5, 12, 4);
+        second_(new QHBoxLayout),
+        figures_(new QHBoxLayout) {
+    groups_->setContentsMargins(8, 5, 8, 4);
     groups_->addLayout(first_);
     groups_->addLayout(second_, 1);
-    for (QHBoxLayout* group : {first_, second_}) group->setSpacing(kGap);
+    second_->setSpacing(kGap);
   }
 
   [[nodiscard]] QHBoxLayout& first() const { return *first_; }
   [[nodiscard]] QHBoxLayout& second() const { return *second_; }
+  [[nodiscard]] QHBoxLayout& figures() const { return *figures_; }
   [[nodiscard]] QSize minimumSizeHint() const override {
     return {0, Band::minimumSizeHint().height()};
   }
-
- protected:
-  void resizeEvent(QResizeEvent*) override {
-    const int needed =
-        first_->sizeHint().width() + second_->minimumSize().width() + kStatusRoom + kGroupGap;
-    const bool one_line = width() >= needed;
-    groups_->setDirection(one_line ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    groups_->setSpacing(one_line ? kGroupGap : kLineGap);
+  ValueBox* AddFigure(const char* usual) {
+    auto* box = new ValueBox(usual, this);
+    figures_->addWidget(box);
+    boxes_ << box;
+    connect(box, &QLineEdit::textChanged, this, &Strip::Arrange);
+    return box;
   }
 
+ protected:
+  void resizeEvent(QResizeEvent*) override { Arrange(); }
+
  private:
+  void Arrange() {
+    SetGaps(kGap, kNearGap);
+    int growth = 0;
+    for (const ValueBox* box : boxes_) growth += box->wanted() - box->minimumWidth();
+    const int one_line = first_->sizeHint().width() + growth + kGroupGap +
+                         second_->minimumSize().width() + kStatusRoom;
+    groups_->setDirection(width() >= one_line ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    groups_->setSpacing(width() >= one_line ? kGroupGap : kLineGap);
+    const QMargins margins = groups_->contentsMargins();
+    const int room = width() - margins.left() - margins.right() - growth;
+    if (first_->minimumSize().width() > room) SetGaps(kTightGap, kTightGap);
+    int over = first_->minimumSize().width() - room;
+    for (ValueBox* box : boxes_) over = box->GiveWay(over);
+  }
+
+  void SetGaps(int between, int near) {
+    figures_->setSpacing(near);
+    first_->setSpacing(between);  // which has a layout measured anew
+  }
+
   QBoxLayout* groups_;
-  QHBoxLayout *first_, *second_;
-};
-
-/// A figure of the program's, in the colours of its model. Before there is one it stays quiet.
-class ValueBox : public QLineEdit {
- public:
-  ValueBox(const char* widest, QWidget* parent) : QLineEdit(parent) {
-    setFont(StrongFont());
-    setAlignment(Qt::AlignRight);
-    setTextMargins(3, 0, 3, 0);
-    FitTo(QLatin1String(widest), 0);
-    // A figure that isn't there whole would be read as another one.
-    connect(this, &QLineEdit::textChanged, this,
-            [this, least = width()](const QString& text) { FitTo(text, least); });
-  }
-
- private:
-  void FitTo(const QString& text, int least) {
-    setFixedSize(std::max(QFontMetrics(font()).horizontalAdvance(text) + 20, least), kHeight);
-  }
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    if (!text().isEmpty()) return QLineEdit::paintEvent(event);
-    QPainter painter(this);
-    DrawRounded(painter, rect(), tone::kGround, hasFocus() ? tone::kAccent : tone::kLine);
-    painter.setFont(font());
-    painter.setPen(tone::kLine);
-    painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("–"));
-  }
+  QHBoxLayout *first_, *second_, *figures_;
+  QList<ValueBox*> boxes_;
 };
 
 QPushButton* MakeButton(platform::Button& button, platform::Icon icon, Binders& binders,
@@ -138,7 +178,8 @@ QComboBox* MakeSelector(platform::ComboBox& box, Binders& binders, QWidget* pare
   return widget;
 }
 
-void AddPortfolio(shell::MDI& mdi, Binders& binders, QWidget& strip, QHBoxLayout& row) {
+void AddPortfolio(shell::MDI& mdi, Binders& binders, Strip& strip) {
+  QHBoxLayout& row = strip.first();
   row.addWidget(MakeButton(mdi.Command2, platform::Icon::operate, binders, &strip));
   auto* holdings = new LabelWidget(&strip);
   holdings->setContentsMargins(4, 0, 4, 0);
@@ -146,17 +187,13 @@ void AddPortfolio(shell::MDI& mdi, Binders& binders, QWidget& strip, QHBoxLayout
   binders.Bind(mdi.Label1, *holdings, Binders::Colors::theme);
   row.addWidget(holdings);
   row.addWidget(MakeSelector(mdi.Combo1, binders, &strip));
-  auto* boxes = new QHBoxLayout;
-  boxes->setSpacing(kNearGap);
-  const auto add = [&](platform::TextBox& model, const char* widest) {
-    auto* box = new ValueBox(widest, &strip);
-    binders.Bind(model, *box, Binders::Colors::model);
-    boxes->addWidget(box);
+  const auto add = [&](platform::TextBox& model, const char* usual) {
+    binders.Bind(model, *strip.AddFigure(usual), Binders::Colors::model);
   };
   add(mdi.Text1, "999,999,999");
   add(mdi.Text2, "-999.99%");
   add(mdi.Text3, "-99,999,999");
-  row.addLayout(boxes);
+  row.addLayout(&strip.figures());
 }
 
 }  // namespace
@@ -170,7 +207,7 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   first.addWidget(light);
   first.addWidget(MakeLabel(mdi.Label2, "Instrumentos: 5000", Colors::model, binders, strip), 0,
                   Qt::AlignVCenter);
-  AddPortfolio(mdi, binders, *strip, first);
+  AddPortfolio(mdi, binders, *strip);
   first.addStretch();
 
   QHBoxLayout& second = strip->second();

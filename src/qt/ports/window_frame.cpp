@@ -111,6 +111,8 @@ bool HasSize(const platform::Rect& rect) { return rect.width > 0 && rect.height 
 
 }  // namespace
 
+QSize RoomOnScreen(const QWidget& widget) { return widget.screen()->availableSize() - kAdded; }
+
 QString TitleText(std::string_view caption) {
   QString title = QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
   return title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
@@ -203,14 +205,14 @@ void WindowFrame::Centre(const QWidget* over) {
     outer_->adjustSize();
     wanted = outer_->sizeHint();  // of which Qt gives no more than two thirds of the screen
   }
-  outer_->resize(wanted.boundedTo(screen.size() - kAdded));
+  outer_->resize(wanted.boundedTo(RoomOnScreen(*outer_)));
   const QRect below = over ? over->geometry() : screen;
   QRect place(below.center() - outer_->rect().center(), outer_->size());
   for (const QWidget* other : QApplication::topLevelWidgets()) {
     if (other == outer_ || other == over || !other->isVisible() || !other->isWindow()) continue;
     StepAside(place, other->geometry(), screen);
   }
-  outer_->move(place.topLeft());
+  outer_->move(Inside(screen, QRect(place.topLeft(), place.size() + kAdded)).topLeft());
 }
 
 void WindowFrame::Hide() {

@@ -69,6 +69,10 @@ class WindowFrame : public QObject, public platform::Watcher, public Refreshable
   bool fitted_ = false;  // once: later the user may have it partly outside
 };
 
+/// The largest size with which a window of its own fits on the screen of `widget`, with what the
+/// window manager adds.
+[[nodiscard]] QSize RoomOnScreen(const QWidget& widget);
+
 /// The caption as a window title, which has a mark of its own for changed documents.
 [[nodiscard]] QString TitleText(std::string_view caption);
 

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
 
 #include "../wait.h"
 #include "qt/look/main_look.h"
+#include "qt/look/theme.h"
 #include "support/memory_platform.h"
 
 namespace {
@@ -13,6 +15,7 @@ namespace {
 class StripLookTest : public testing::Test {
  protected:
   StripLookTest() {
+    qt::ApplyTheme(*qApp);  // its fonts and sizes
     mdi.Label2.set_caption("Instrumentos: 5000");
     mdi.Combo1.AddItem("WWWWWWWWWWWWWWWWWWWWWWWW ");
     mdi.Text1.set_text("999,999,999");
@@ -46,7 +49,7 @@ TEST_F(StripLookTest, AtEveryWidthAllOfItIsInSightAndTheTabKeyGoesAlongTheLines)
     stop = stop->nextInFocusChain();
   } while (stop != &Of(mdi.Picture2));
   EXPECT_EQ(next, in_order.end());
-  for (const int width : {800, 1024, 1366, 1700, 2560, 800}) {
+  for (const int width : {700, 800, 1024, 1366, 1700, 2560, 700}) {
     look.widget->resize(width, 500);
     support::Settle();
     ASSERT_EQ(look.widget->width(), width);
@@ -65,17 +68,29 @@ TEST_F(StripLookTest, AtEveryWidthAllOfItIsInSightAndTheTabKeyGoesAlongTheLines)
   }
 }
 
-TEST_F(StripLookTest, TheBoxesHaveRoomForTheWidestFigures) {
-  for (platform::TextBox* box : {&mdi.Text1, &mdi.Text2, &mdi.Text3}) {
-    auto& widget = static_cast<QLineEdit&>(Of(*box));
-    const auto cursor = [&widget] {
-      return widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x();
-    };
-    widget.home(false);
-    const int first = cursor();
-    widget.end(false);
-    EXPECT_EQ(cursor() - first, widget.fontMetrics().horizontalAdvance(widget.text()))
-        << box->text() << " is scrolled";
+TEST_F(StripLookTest, AFigureWiderThanUsualIsWholeOrEndsInAnEllipsisAndPushesNothingOut) {
+  const std::string usual = mdi.Text1.text(), wide = "1,234,567,890,123,456";
+  auto& box = static_cast<QLineEdit&>(Of(mdi.Text1));
+  const struct {
+    int width;
+    const std::string& text;
+    bool whole;
+  } cases[] = {{1024, usual, true}, {1024, wide, true}, {720, wide, false}, {720, usual, true}};
+  for (const auto& [width, text, whole] : cases) {
+    look.widget->resize(width, 500);
+    mdi.Text1.set_text(text);
+    mdi.Text3.set_text("-" + text);
+    clock.Wake();
+    support::Settle();
+    ASSERT_EQ(box.text().toStdString(), text);
+    EXPECT_LE(Of(mdi.Text3).geometry().right(), width) << text;
+    EXPECT_GE(Of(mdi.Combo1).width(), 86) << text << " at " << width;
+    EXPECT_EQ(box.width() > box.fontMetrics().horizontalAdvance(box.text()), whole)
+        << text << " at " << width;
+    box.home(false);
+    const QImage start = box.grab().toImage();
+    box.end(false);
+    EXPECT_EQ(box.grab().toImage(), start) << "scrolled, instead of an ellipsis";
   }
 }
 
