@@ -25,6 +25,8 @@ class Cartera : public platform::Window {
   void Command1_Click();
   void Command2_Click();
   void Command3_Click();
+  /// The disk has refused what was last added.
+  [[nodiscard]] bool SinGuardar() const { return portfolios_.CarteraSinGuardar(); }
 
  protected:
   void OnLoad() override;

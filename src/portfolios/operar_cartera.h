@@ -51,6 +51,8 @@ class Operar_Cartera : public platform::Window {
   /// Records the operation in the journal, dated by the machine's clock, and empties the form. A
   /// code that nobody knows, or a full journal, is told in a box and all stays.
   void Command1_Click();
+  /// The disk has refused the operation that was last recorded.
+  [[nodiscard]] bool SinGuardar() const { return portfolios_.OperacionSinGuardar(); }
 
  protected:
   void OnLoad() override;

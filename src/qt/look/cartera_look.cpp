@@ -16,6 +16,33 @@ QStringList NameAndAgency(const QString& line) {
   return {line.left(kName).trimmed(), line.mid(kName).trimmed()};
 }
 
+/// Whether the strip's selector, which ends at the first of two blanks, shows all of a name.
+bool ReadsWhole(std::string_view typed) {
+  const auto record = base::FixedText<25>::FromUtf8(typed);
+  const std::string_view name = record.bytes();
+  const std::size_t end = name.find_last_not_of(' ') + 1;
+  return end > 0 && name.find("  ") == end;
+}
+
+void TellHint(const portfolios::Cartera& window, QLabel& hint) {
+  const std::string& name = window.Text1.text();
+  if (!name.empty() && !ReadsWhole(name)) {
+    ShowNote(hint,
+             QStringLiteral("En el selector sólo se verán los nombres de hasta 23 letras y sin dos "
+                            "espacios seguidos."),
+             tone::kAlert);
+  } else if (window.SinGuardar()) {
+    ShowNote(hint,
+             QStringLiteral("El disco no admite la última cartera: se guardará con la próxima."),
+             tone::kAlert);
+  } else {
+    ShowNote(hint,
+             QStringLiteral("Hacen falta los tres datos y una comisión por operación mayor que 0 "
+                            "(decimales con punto)."),
+             tone::kMuted);
+  }
+}
+
 QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* dialog,
                    Binders& binders) {
   auto* form = new QGridLayout;
@@ -32,10 +59,11 @@ QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* di
   add(2, window.Text3, u'u');
   add(3, window.Text4, u'O');
   add(4, window.Text5, u'M');
-  auto* hint = QuietLabel(QStringLiteral("Hacen falta los tres datos y una comisión por\n"
-                                         "operación mayor que 0 (decimales con punto)."),
-                          SmallFont(), dialog);
-  form->addWidget(hint, 5, 1);
+  auto* hint = AddNote(*form, 5, 3, dialog);
+  // The name is emptied by what adds a portfolio.
+  QObject::connect(name, &QLineEdit::textChanged, binders.context(),
+                   [&window, hint] { TellHint(window, *hint); });
+  TellHint(window, *hint);
   return name;
 }
 

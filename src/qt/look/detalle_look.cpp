@@ -77,6 +77,9 @@ Look MakeDetailLook(Detalle& window, FrameClock& clock) {
                .alignments = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight}},
               dialog, *binders);
   operations->setMinimumWidth(310);
+  QWidget::setTabOrder(combo, positions);
+  QWidget::setTabOrder(positions, operations);
+  QWidget::setTabOrder(operations, binders->WidgetOf(window.Text1));
 
   // The models know when these widgets have told them.
   const auto tell = [&window, positions, operations] {

@@ -64,24 +64,6 @@ class TipWatch : public QObject {
   std::function<void()> tell_;
 };
 
-void ShowNote(QLabel& note, const QString& text, const QColor& ink) {
-  note.setText(text);
-  QPalette palette = note.palette();
-  palette.setColor(QPalette::WindowText, ink);
-  note.setPalette(palette);
-}
-
-/// Room of some lines below a field, for what there is to say about it.
-QLabel* AddNote(QGridLayout& form, int row, int lines, QDialog* dialog) {
-  auto* note = QuietLabel({}, SmallFont(), dialog);
-  note->setContentsMargins(8, 0, 0, 0);
-  note->setMinimumHeight(lines * note->fontMetrics().height() + 2);
-  note->setWordWrap(true);
-  note->setAlignment(Qt::AlignTop);
-  form.addWidget(note, row, 1);
-  return note;
-}
-
 struct Order {
   QComboBox* portfolio;
   QLabel* chosen;
@@ -94,6 +76,10 @@ void TellPortfolio(const Operar_Cartera& window, const Order& order, ListWidget&
     ShowNote(*order.chosen, HowToAddPortfolios(), tone::kAlert);
   } else if (!listed) {
     ShowNote(*order.chosen, QStringLiteral("Ninguna cartera se llama así. Elija una de la lista."),
+             tone::kAlert);
+  } else if (window.SinGuardar()) {
+    ShowNote(*order.chosen,
+             QStringLiteral("El disco no admite la última operación: se guardará con la próxima."),
              tone::kAlert);
   } else {
     ShowNote(*order.chosen, QStringLiteral("Se anota en ") + Text(base::Trim(window.Text1.text())),
@@ -210,7 +196,8 @@ Look MakeOperationLook(Operar_Cartera& window, FrameClock& clock) {
   auto* recording = new QHBoxLayout;
   left->addLayout(recording);
   recording->addStretch();
-  AddButton(*recording, window.Command1, *binders)->setDefault(true);
+  auto* record = AddButton(*recording, window.Command1, *binders);
+  record->setDefault(true);
   left->addStretch();
 
   auto* list = AddList(*middle, window.List2, PositionColumns(u'u'), dialog, *binders);
@@ -218,6 +205,7 @@ Look MakeOperationLook(Operar_Cartera& window, FrameClock& clock) {
   binders->Follow(window.Text1, *order.chosen, tell);
   QObject::connect(order.portfolio->model(), &QAbstractItemModel::rowsInserted, binders->context(),
                    tell);
+  QObject::connect(record, &QPushButton::clicked, binders->context(), tell);
   AddCash(*all, window, dialog, *binders);
   order.shares->setFocus();
   return LookOf(dialog, binders);

@@ -25,6 +25,23 @@ void SetFieldWidth(QGridLayout& form, int least, int usual) {
   form.addItem(new QSpacerItem(usual, 0, QSizePolicy::Preferred), 0, 1);
 }
 
+QLabel* AddNote(QGridLayout& form, int row, int lines, QDialog* dialog) {
+  auto* note = QuietLabel({}, SmallFont(), dialog);
+  note->setContentsMargins(8, 0, 0, 0);
+  note->setMinimumHeight(lines * note->fontMetrics().height() + 2);
+  note->setWordWrap(true);
+  note->setAlignment(Qt::AlignTop);
+  form.addWidget(note, row, 1);
+  return note;
+}
+
+void ShowNote(QLabel& note, const QString& text, const QColor& ink) {
+  note.setText(text);
+  QPalette palette = note.palette();
+  palette.setColor(QPalette::WindowText, ink);
+  note.setPalette(palette);
+}
+
 ListWidget* AddList(QHBoxLayout& row, platform::ListBox& list, const Columns& columns,
                     QWidget* parent, Binders& binders) {
   auto* column = new QVBoxLayout;

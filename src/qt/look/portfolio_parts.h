@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QGridLayout>
+#include <QLabel>
 
 #include "platform/controls.h"
 #include "qt/look/binders.h"
@@ -18,6 +19,10 @@ namespace qt {
 [[nodiscard]] QVBoxLayout* AddBody(QDialog& dialog);
 /// Gives the fields of `form` `usual` pixels, of which `least` are left in a narrow window.
 void SetFieldWidth(QGridLayout& form, int least, int usual);
+
+/// Room of so many lines below a field, for what there is to say about it.
+[[nodiscard]] QLabel* AddNote(QGridLayout& form, int row, int lines, QDialog* dialog);
+void ShowNote(QLabel& note, const QString& text, const QColor& ink);
 
 /// How the lines of a list stand in columns.
 struct Columns {

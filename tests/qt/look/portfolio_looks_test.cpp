@@ -1,6 +1,7 @@
 #include "qt/look/portfolio_looks.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
@@ -11,6 +12,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QWindow>
 
 #include "../wait.h"
 #include "qt/look/portfolio_parts.h"
@@ -123,10 +126,8 @@ TEST_F(PortfolioLooksTest, TheFoundNameStandsBelowTheCodeAsInItsToolTip) {
   code.setFocus();
   ASSERT_TRUE(support::WaitFor([&] { return code.hasFocus(); }));
   Type(code, QStringLiteral("az"));
-  auto* popup = qobject_cast<QAbstractItemView*>(QApplication::activePopupWidget());
-  ASSERT_NE(popup, nullptr);
-  Press(*popup, Qt::Key_Down);
-  Press(*popup, Qt::Key_Return);
+  Press(code, Qt::Key_Down);
+  Press(code, Qt::Key_Return);
   EXPECT_EQ(operar.Text3.text(), "TAZ");
   const auto named = [&] { return Says(code, QStringLiteral("ASTILLEROS <b>TAZO")); };
   EXPECT_TRUE(support::WaitFor(named));
@@ -135,6 +136,95 @@ TEST_F(PortfolioLooksTest, TheFoundNameStandsBelowTheCodeAsInItsToolTip) {
   EXPECT_TRUE(named());
   operar.Text3.set_text("");
   EXPECT_TRUE(support::WaitFor([&] { return Says(code, hint); }));
+}
+
+TEST_F(PortfolioLooksTest, TheSuggestionsCloseWithACompleteCodeAndAClickElsewhereIsNotLost) {
+  for (const char* code : {"SAN", "SANX", "BSAN"}) {
+    ASSERT_GT(store.AgregarSinDatos(store::Codigo(code), "BANCO SAN"), 0);
+  }
+  operar.Show();
+  auto& code = WidgetOf(operar, operar.Text3);
+  auto& price = WidgetOf(operar, operar.Text4);
+  auto* list = code.findChild<QAbstractItemView*>();
+  ASSERT_NE(list, nullptr);
+  for (const auto& [typed, open] : std::initializer_list<std::pair<const char*, bool>>{
+           {"sa", true}, {"san", true}, {" sanx", false}, {"bsan", false}, {"zz", false}}) {
+    code.clear();
+    code.setFocus();
+    ASSERT_TRUE(support::WaitFor([&] { return code.hasFocus(); }));
+    Type(code, QString::fromUtf8(typed));
+    EXPECT_EQ(list->isVisible(), open) << typed;
+  }
+  code.clear();
+  Type(code, QStringLiteral("sa"));
+  // As the window gets it, which knows who has grabbed the mouse.
+  QWidget& outer = *code.window();
+  const QPointF at = price.mapTo(&outer, price.rect().center());
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, at, at, outer.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(outer.windowHandle(), &event);
+  }
+  EXPECT_TRUE(price.hasFocus() && list->isHidden());
+  EXPECT_EQ(operar.Text3.text(), "sa");
+}
+
+TEST_F(PortfolioLooksTest, TellsOfNamesThatTheSelectorCuts) {
+  cartera.Show();
+  auto& name = WidgetOf(cartera, cartera.Text1);
+  for (const auto& [typed, whole] : std::initializer_list<std::pair<const char*, bool>>{
+           {"", true},
+           {"ABCDEFGHIJKLMNÑPQRSTUVW", true},    // 23
+           {"ABCDEFGHIJKLMNÑPQRSTUVW ", true},   // its blank at the end doesn't count
+           {"ABCDEFGHIJKLMNÑPQRSTUVWX", false},  // 24
+           {"A B", true},
+           {"A  B", false},
+           {"  A", false},
+           {" ", false}}) {
+    name.clear();
+    cartera.Text1.set_text("");
+    Type(name, QString::fromUtf8(typed));
+    EXPECT_EQ(whole, !Says(name, QStringLiteral("En el selector sólo se verán los nombres de hasta "
+                                                "23 letras y sin dos espacios seguidos.")))
+        << typed;
+  }
+}
+
+TEST_F(PortfolioLooksTest, TellsWhatTheDiskHasRefused) {
+  ASSERT_GT(store.AgregarSinDatos(store::Codigo("TAZ"), "ASTILLEROS TAZO"), 0);
+  AddPortfolio();
+  cartera.Show();
+  operar.Show();
+  const QString portfolio =
+      QStringLiteral("El disco no admite la última cartera: se guardará con la próxima.");
+  const QString operation =
+      QStringLiteral("El disco no admite la última operación: se guardará con la próxima.");
+  auto& name = WidgetOf(cartera, cartera.Text1);
+  auto& code = WidgetOf(operar, operar.Text3);
+  const auto add = [&] {
+    Type(name, QStringLiteral("A"));
+    cartera.Text2.set_text("B");
+    cartera.Text3.set_text("1");
+    cartera.Text4.set_text("1");
+    operar.Text2.set_text("1");
+    operar.Text3.set_text("TAZ");
+    operar.Text4.set_text("1");
+    support::Settle();
+    WidgetOf<QPushButton>(cartera, cartera.Command1).click();
+    WidgetOf<QPushButton>(operar, operar.Command1).click();
+    support::Settle();
+  };
+  for (const char* file : {"Carteras.QRT", "Operaciones.QRT"}) {
+    std::filesystem::remove(dir.Path(file));
+    std::filesystem::create_directory(dir.Path(file));
+  }
+  add();
+  EXPECT_TRUE(Says(name, portfolio) && Says(code, operation));
+  for (const char* file : {"Carteras.QRT", "Operaciones.QRT"}) {
+    std::filesystem::remove(dir.Path(file));
+  }
+  add();
+  EXPECT_FALSE(Says(name, portfolio) || Says(code, operation));
 }
 
 TEST_F(PortfolioLooksTest, TellsWhichPortfolioIsMeant) {
