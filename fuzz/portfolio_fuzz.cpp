@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "portfolios/names_and_lines.h"
 #include "portfolios/portfolio_store.h"
 #include "support/temp_dir.h"
 

@@ -103,8 +103,9 @@ RecordFile::RecordFile(const std::string& path, std::size_t record_size, bool ow
   assert(record_size > 0);
   struct stat status {};
   fd_ = OpenRegular(path, O_RDWR | O_CREAT, owner_only ? kOwnerOnly : kEveryone, status);
-  if (fd_ < 0 && (errno == EACCES || errno == EPERM || errno == EROFS))
+  if (fd_ < 0 && (errno == EACCES || errno == EPERM || errno == EROFS)) {
     fd_ = OpenRegular(path, O_RDONLY, 0, status);
+  }
   const bool open_to_others = (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
   if (fd_ >= 0 && owner_only && open_to_others) (void)fchmod(fd_, kOwnerOnly);
 }

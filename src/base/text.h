@@ -13,6 +13,11 @@ namespace base {
   return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+/// The same at the right end only.
+[[nodiscard]] constexpr std::string_view TrimEnd(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 /// The characters of `text` from the 1-based position `pos`, at most `count` of them; what lies
 /// past the end is left out. `pos` below 1 gives "".
 [[nodiscard]] constexpr std::string_view Mid(std::string_view text, std::size_t pos,

@@ -1,5 +1,9 @@
 #include "portfolios/cartera.h"
 
+#include <string_view>
+
+#include "base/ansi.h"
+#include "base/text.h"
 #include "base/val.h"
 
 namespace portfolios {
@@ -41,6 +45,13 @@ void Cartera::Text_Change() { Command1.set_enabled(Completa()); }
 bool Cartera::Completa() const {
   return !Text1.text().empty() && !Text2.text().empty() && !Text3.text().empty() &&
          base::Val(Text4.text()).value_or(0) > 0;
+}
+
+bool Cartera::NombreEntero() const {
+  const auto name = base::FixedText<25>::FromUtf8(Text1.text());
+  const std::string_view whole = base::TrimEnd(name.bytes());
+  // The selector keeps one blank of the padding.
+  return !whole.empty() && NombreCorto(name) == base::AnsiToUtf8(whole) + ' ';
 }
 
 FichaCartera Cartera::Ficha() const {

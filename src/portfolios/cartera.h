@@ -21,10 +21,13 @@ class Cartera : public platform::Window {
   /// Of any of the five boxes: `Command1` is on while the form is complete.
   void Text_Change();
   /// Adds and empties the form. With the table full, or the form not complete, one box says so and
-  /// all stays.
+  /// what was typed stays.
   void Command1_Click();
   void Command2_Click();
   void Command3_Click();
+  /// Whether the strip's selector would show all of the name that is typed, blanks at its end
+  /// apart.
+  [[nodiscard]] bool NombreEntero() const;
   /// The disk has refused what was last added.
   [[nodiscard]] bool SinGuardar() const { return portfolios_.CarteraSinGuardar(); }
 

@@ -69,9 +69,7 @@ void Detalle::List2_Click() {
   List1.Clear();
   for (int i = 1; i <= portfolios_.NumOperaciones(); ++i) {
     const Operacion& operation = portfolios_.Operaciones(i);
-    const bool known =
-        operation.Sentido == Operacion::kCompra || operation.Sentido == Operacion::kVenta;
-    if (known && operation.Codigo == code && operation.CarteraId == cartera) {
+    if (operation.conocida() && operation.Codigo == code && operation.CarteraId == cartera) {
       List1.AddItem(LineaOperacion(operation));
     }
   }

@@ -1,5 +1,9 @@
 #include "portfolios/names_and_lines.h"
 
+#include <cstdint>
+
+#include "base/masks.h"
+
 namespace portfolios {
 
 int CarteraLlamada(const PortfolioStore& portfolios, std::string_view name) {
@@ -13,6 +17,11 @@ void AgregarNombres(platform::ComboBox& combo, const PortfolioStore& portfolios)
   for (int i = 1; i <= portfolios.NumCarteras(); ++i) {
     combo.AddItem(portfolios.Carteras(i).Nombre.utf8());
   }
+}
+
+std::string LineaPosicion(const Operacion& position) {
+  return base::NumberText(std::int64_t{position.Titulos}) + '\t' + position.Codigo.utf8() + '\t' +
+         base::masks::kPrice.Format(position.Precio);
 }
 
 void ListarPosiciones(platform::ListBox& list, const PortfolioStore& portfolios, int cartera) {

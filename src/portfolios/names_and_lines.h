@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/controls.h"
@@ -14,6 +15,9 @@ namespace portfolios {
 
 /// All portfolios behind what `combo` lists already, each with its 25 characters.
 void AgregarNombres(platform::ComboBox& combo, const PortfolioStore& portfolios);
+
+/// A position as a line of a list: shares, code and average price, with a tab between. UTF-8.
+[[nodiscard]] std::string LineaPosicion(const Operacion& position);
 
 /// Makes `list` that of the positions of a portfolio; empty for one that there isn't.
 void ListarPosiciones(platform::ListBox& list, const PortfolioStore& portfolios, int cartera);

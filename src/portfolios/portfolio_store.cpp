@@ -3,15 +3,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "base/ansi.h"
-#include "base/masks.h"
 #include "base/record_file.h"
 #include "base/text.h"
+#include "base/val.h"
 
 namespace portfolios {
 namespace {
@@ -93,31 +92,19 @@ bool Replace(const base::RecordFile& file, const std::string& path,
   return true;
 }
 
-std::optional<std::int32_t> Narrow(std::int64_t shares) {
-  const auto narrow = static_cast<std::int32_t>(shares);
-  return narrow == shares ? std::optional(narrow) : std::nullopt;
-}
-
-// The shares that a position has after `operation`.
-std::optional<std::int32_t> NewTitulos(std::int64_t held, const Operacion& operation) {
+// The shares that a position of `held` has after `operation`. Whole numbers, exact in a double.
+std::optional<std::int32_t> NewTitulos(double held, const Operacion& operation) {
   const bool sale = operation.Sentido == Operacion::kVenta;
-  return Narrow(sale ? held - operation.Titulos : held + operation.Titulos);
-}
-
-// The old price stays where there is no new one, or none that fits.
-void Promediar(Operacion& position, double cost) {
-  if (position.Titulos == 0) return;
-  const double price = cost / position.Titulos;
-  if (std::abs(price) <= std::numeric_limits<float>::max()) {
-    position.Precio = static_cast<float>(price);
-  }
+  return base::ToInteger<std::int32_t>(sale ? held - operation.Titulos : held + operation.Titulos);
 }
 
 void Sumar(Operacion& position, const Operacion& operation) {
   double cost = static_cast<double>(position.Precio) * position.Titulos;
   cost = static_cast<double>(operation.Precio) * operation.Titulos + cost;
   position.Titulos = NewTitulos(position.Titulos, operation).value_or(position.Titulos);
-  if (operation.Sentido == Operacion::kCompra) Promediar(position, cost);
+  if (operation.Sentido != Operacion::kCompra) return;
+  // The old price stays where there is no new one, or none that fits.
+  position.Precio = base::ToFloat(cost / position.Titulos).value_or(position.Precio);
 }
 
 }  // namespace
@@ -135,9 +122,8 @@ const Operacion& PortfolioStore::Posiciones(int cartera, int j) const {
   return posiciones_[static_cast<std::size_t>(cartera)][static_cast<std::size_t>(j - 1)];
 }
 
-std::string PortfolioStore::NombreCorto(int i) const {
-  const std::string_view name = Carteras(i).Nombre.bytes();
-  return base::AnsiToUtf8(name.substr(0, base::Find(name, kDobleBlanco)));
+std::string NombreCorto(const base::FixedText<25>& name) {
+  return base::AnsiToUtf8(name.bytes().substr(0, base::Find(name.bytes(), kDobleBlanco)));
 }
 
 void PortfolioStore::CargarCarteras() {
@@ -158,9 +144,7 @@ void PortfolioStore::Anotar(const Operacion& operacion) {
   auto& positions = posiciones_[static_cast<std::size_t>(operacion.CarteraId)];
   const auto held = std::ranges::find(positions, operacion.Codigo, &Operacion::Codigo);
   if (held != positions.end()) {
-    const bool known =
-        operacion.Sentido == Operacion::kCompra || operacion.Sentido == Operacion::kVenta;
-    if (known) Sumar(*held, operacion);
+    if (operacion.conocida()) Sumar(*held, operacion);
     return;
   }
   if (positions.size() >= kMaxPosiciones) return;
@@ -193,12 +177,7 @@ bool PortfolioStore::AgregarOperacion(const Operacion& record) {
 
 void PortfolioStore::LlenarSelector() {
   selector_.Clear();
-  for (int i = 1; i <= NumCarteras(); ++i) selector_.AddItem(NombreCorto(i));
-}
-
-std::string LineaPosicion(const Operacion& position) {
-  return base::NumberText(std::int64_t{position.Titulos}) + '\t' + position.Codigo.utf8() + '\t' +
-         base::masks::kPrice.Format(position.Precio);
+  for (int i = 1; i <= NumCarteras(); ++i) selector_.AddItem(NombreCorto(carteras_[i].Nombre));
 }
 
 }  // namespace portfolios

@@ -30,8 +30,8 @@ struct Tabla {
 /// disk before the call returns; where the disk refuses, the record stays in memory and goes out
 /// with the next one, taken or not. What another terminal has added meanwhile is read first; two
 /// that add in the same moment may still lose one of both. Files of any content give what can be
-/// read of them. Records, positions and portfolios count from
-/// 1; a number out of range gives an empty one. `dir` and `selector` outlive it.
+/// read of them. Records, positions and portfolios count from 1; a number out of range gives an
+/// empty one. `dir` and `selector` outlive it.
 class PortfolioStore {
  public:
   static constexpr int kMaxCarteras = 10, kMaxOperaciones = 500, kMaxPosiciones = 100;
@@ -47,15 +47,11 @@ class PortfolioStore {
   [[nodiscard]] int NumPosiciones(int cartera) const;
   [[nodiscard]] const Operacion& Posiciones(int cartera, int j) const;
 
-  /// How portfolio `i` reads in the selector: its name up to and with the first of two blanks, or
-  /// "" where no two blanks follow one another. UTF-8.
-  [[nodiscard]] std::string NombreCorto(int i) const;
-
   /// Reads both files, creating what is missing, fills the selector and reckons the positions. More
   /// records than the tables hold are left in the files.
   void CargarCarteras();
-  /// Reckons all positions anew from the journal. One past the most positions is left out,
-  /// and a sum that doesn't fit leaves the quantity as it was.
+  /// Reckons all positions anew from the journal. One past the most positions is left out, and
+  /// a sum that doesn't fit leaves the quantity as it was.
   void RecalcularPosiciones();
 
   /// False where the table is full: `record` isn't taken then. Lists the selector anew.
@@ -77,7 +73,8 @@ class PortfolioStore {
   std::array<std::vector<Operacion>, kMaxCarteras + 1> posiciones_;
 };
 
-/// A position as a line of a list: shares, code and average price, with a tab between. UTF-8.
-[[nodiscard]] std::string LineaPosicion(const Operacion& position);
+/// How a portfolio of that name reads in the selector: up to and with the first of two blanks, or
+/// "" where no two blanks follow one another. UTF-8.
+[[nodiscard]] std::string NombreCorto(const base::FixedText<25>& name);
 
 }  // namespace portfolios

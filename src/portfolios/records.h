@@ -43,6 +43,9 @@ struct Operacion {
   std::int16_t CarteraId = 0;  // number of the portfolio, from 1
   std::int16_t Sentido = 0;    // kCompra or kVenta
 
+  /// Whether it is a purchase or a sale; a file may hold neither.
+  [[nodiscard]] bool conocida() const { return Sentido == kCompra || Sentido == kVenta; }
+
   [[nodiscard]] static Operacion Decode(std::string_view record);
   [[nodiscard]] std::string Encode() const;
 };

@@ -6,6 +6,7 @@
 #include "base/ansi.h"
 #include "base/masks.h"
 #include "base/palette.h"
+#include "base/text.h"
 
 namespace shell {
 namespace {
@@ -13,13 +14,9 @@ namespace {
 namespace palette = base::palette;
 using portfolios::FichaCartera;
 
-/// Without the blanks at its end. Those in front belong to the name.
-std::string_view Unpadded(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
+/// Blanks in front belong to the name.
 std::string NombreDe(const FichaCartera& record) {
-  return base::AnsiToUtf8(Unpadded(record.Nombre.bytes()));
+  return base::AnsiToUtf8(base::TrimEnd(record.Nombre.bytes()));
 }
 
 struct Colors {
@@ -55,7 +52,7 @@ void Resumen::Combo1_Click() {
 }
 
 void Resumen::ElegirPrimera() {
-  mdi_.Combo1.set_text(portfolios_.NombreCorto(1));
+  mdi_.Combo1.set_text(portfolios::NombreCorto(portfolios_.Carteras(1).Nombre));
   // A name without room for two blanks has no entry to choose.
   if (mdi_.Combo1.text().empty()) mdi_.Combo1.set_text(NombreDe(portfolios_.Carteras(1)));
 }
@@ -88,7 +85,7 @@ int Resumen::Mostrada(std::string_view chosen) const {
   for (int i = 1; i <= portfolios_.NumCarteras(); ++i) {
     const std::string name = NombreDe(portfolios_.Carteras(i));
     if (name.empty()) continue;
-    if (name == Unpadded(chosen)) return i;
+    if (name == base::TrimEnd(chosen)) return i;
     if (first == 0 && chosen.starts_with(name)) first = i;
   }
   return first;

@@ -10,11 +10,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "portfolios/names_and_lines.h"
+#include "support/orders.h"
 #include "support/temp_dir.h"
 
 namespace {
 
 using namespace portfolios;  // NOLINT
+using support::Order;
 namespace fs = std::filesystem;
 
 constexpr const char *kCarteras = "Carteras.QRT", *kOperaciones = "Operaciones.QRT";
@@ -23,16 +26,6 @@ constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_lim
 FichaCartera Ficha(std::string_view name) {
   FichaCartera record;
   record.Nombre.assign(name);
-  return record;
-}
-
-Operacion Order(std::string_view code, int shares, float price, int way = 1, int portfolio = 1) {
-  Operacion record;
-  record.Codigo.assign(code);
-  record.Titulos = shares;
-  record.Precio = price;
-  record.CarteraId = static_cast<std::int16_t>(portfolio);
-  record.Sentido = static_cast<std::int16_t>(way);
   return record;
 }
 
