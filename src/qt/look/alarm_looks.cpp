@@ -77,11 +77,8 @@ Look MakeAlarmLook(alarms::APrecio& window, FrameClock& clock) {
   form->setVerticalSpacing(12);
   form->setColumnMinimumWidth(1, 280);
   column->addLayout(form);
-  const auto label = [dialog](const std::string& text, QChar letter) {
-    return QuietLabel(WithMnemonic(text, letter), TextFont(), dialog);
-  };
-  auto* code = AddField(*form, 0, label(window.Text1.label(), u'o'), window.Text1, *binders);
-  auto* kind = label({}, {});
+  auto* code = AddField(*form, 0, LabelFor(window.Text1, u'o', dialog), window.Text1, *binders);
+  auto* kind = QuietLabel({}, TextFont(), dialog);
   Suggest([&window](std::string_view text) { return window.Sugerencias(text); }, window.Text1,
           *code, *binders);
   auto* value = AddField(*form, 1, kind, window.Text2, *binders);
@@ -91,7 +88,7 @@ Look MakeAlarmLook(alarms::APrecio& window, FrameClock& clock) {
     const std::string& caption = window.Label5.caption();
     kind->setText(WithMnemonic(caption, caption.empty() ? QChar() : QChar(caption.front())));
   });
-  AddField(*form, 2, label(window.Text3.label(), u'r'), window.Text3, *binders);
+  AddField(*form, 2, LabelFor(window.Text3, u'r', dialog), window.Text3, *binders);
   auto* options = new QHBoxLayout;
   options->setSpacing(20);
   for (platform::OptionButton* option : {&window.Option1, &window.Option2}) {

@@ -13,20 +13,11 @@ namespace {
 /// A line is the name in its full length, and the agency directly behind it.
 QStringList NameAndAgency(const QString& line) {
   constexpr qsizetype kName = 25;
-  return {line.left(kName).trimmed(), line.mid(kName).trimmed()};
-}
-
-/// Whether the strip's selector, which ends at the first of two blanks, shows all of a name.
-bool ReadsWhole(std::string_view typed) {
-  const auto record = base::FixedText<25>::FromUtf8(typed);
-  const std::string_view name = record.bytes();
-  const std::size_t end = name.find_last_not_of(' ') + 1;
-  return end > 0 && name.find("  ") == end;
+  return {line.left(kName), line.mid(kName)};
 }
 
 void TellHint(const portfolios::Cartera& window, QLabel& hint) {
-  const std::string& name = window.Text1.text();
-  if (!name.empty() && !ReadsWhole(name)) {
+  if (!window.Text1.text().empty() && !window.NombreEntero()) {
     ShowNote(hint,
              QStringLiteral("En el selector sólo se verán los nombres de hasta 23 letras y sin dos "
                             "espacios seguidos."),
@@ -51,8 +42,7 @@ QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* di
   SetFieldWidth(*form, 248, 270);
   column.addLayout(form);
   const auto add = [&](int row, platform::TextBox& box, QChar letter) {
-    auto* label = QuietLabel(WithMnemonic(box.label(), letter), TextFont(), dialog);
-    return AddField(*form, row, label, box, binders);
+    return AddField(*form, row, LabelFor(box, letter, dialog), box, binders);
   };
   auto* name = add(0, window.Text1, u'N');
   add(1, window.Text2, u'B');
@@ -72,14 +62,7 @@ QLineEdit* AddForm(QVBoxLayout& column, portfolios::Cartera& window, QDialog* di
 Look MakePortfolioLook(portfolios::Cartera& window, FrameClock& clock) {
   auto* dialog = new QDialog;
   auto binders = std::make_shared<Binders>(*dialog, clock);
-  auto* all = AddBody(*dialog);
-  auto* middle = new QHBoxLayout;
-  middle->setSpacing(24);
-  all->addLayout(middle, 1);
-
-  auto* left = new QVBoxLayout;
-  left->setSpacing(16);
-  middle->addLayout(left);
+  const auto [all, both, left] = AddHalves(*dialog, 16);
   auto* name = AddForm(*left, window, dialog, *binders);
   auto* adding = new QHBoxLayout;
   adding->addStretch();
@@ -87,7 +70,7 @@ Look MakePortfolioLook(portfolios::Cartera& window, FrameClock& clock) {
   left->addLayout(adding);
   left->addStretch();
 
-  auto* list = AddList(*middle, window.List1,
+  auto* list = AddList(*both, window.List1,
                        {.letter = u'f',
                         .headings = {QStringLiteral("Nombre"), QStringLiteral("Agencia")},
                         .split = NameAndAgency,

@@ -7,49 +7,15 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
+#include "qt/look/popup_rows.h"
 #include "qt/look/text.h"
-#include "qt/look/theme.h"
 
 namespace qt {
 namespace {
 
-constexpr int kMargin = 9, kRowHeight = 28, kRows = 12, kWidestPopup = 480, kLeastCharacters = 12;
-
-qsizetype VisibleLength(QStringView text) {
-  while (text.endsWith(u' ')) text.chop(1);
-  return text.size();
-}
-
-class EntryDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override {
-    const bool lit = option.state.testFlag(QStyle::State_Selected);
-    if (lit) painter->fillRect(option.rect, tone::kAccent);
-    const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
-    painter->setFont(option.font);
-    painter->setPen(lit ? tone::kOnAccent : tone::kText);
-    painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(Shown(index), Qt::ElideRight, room.width()));
-  }
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const override {
-    return {option.fontMetrics.horizontalAdvance(Shown(index)) + 2 * kMargin, kRowHeight};
-  }
-
- private:
-  /// Without the blanks at the end, which are often many.
-  static QString Shown(const QModelIndex& index) {
-    const QString entry = OneLine(index.data().toString());
-    return entry.left(VisibleLength(entry));
-  }
-};
+constexpr int kRows = 12, kLeastCharacters = 12;
 
 bool OpensOrSteps(const QEvent& event) {
   if (event.type() == QEvent::MouseButtonPress) return true;
@@ -69,7 +35,7 @@ ComboBond::ComboBond(platform::ComboBox& box, QComboBox& widget, QObject* parent
   widget.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   if (widget.minimumContentsLength() == 0) widget.setMinimumContentsLength(kLeastCharacters);
   widget.setMaxVisibleItems(kRows);
-  widget.setItemDelegate(new EntryDelegate(&widget));
+  widget.setItemDelegate(new PopupRows(&widget));
   QLineEdit* line = widget.lineEdit();
   line->setTextMargins(6, 0, 0, 0);
   // Qt would take a text that is left typed for the choice of the entry that reads the same.
@@ -107,8 +73,8 @@ void ComboBond::Fill() {
   line.setText(text);
   line.setCursorPosition(at);
   QAbstractItemView& list = *widget_.view();
-  const int bar = list.verticalScrollBar()->sizeHint().width() + kMargin;
-  list.setMinimumWidth(qMin(list.sizeHintForColumn(0) + bar, kWidestPopup));
+  const int bar = list.verticalScrollBar()->sizeHint().width() + PopupRows::kMargin;
+  list.setMinimumWidth(qMin(list.sizeHintForColumn(0) + bar, PopupRows::kWidest));
   FitIndex();
 }
 

@@ -19,8 +19,7 @@ QStringList OperationCells(const QString& line) {
   const qsizetype tab = line.indexOf(u'\t');
   if (tab < kSide) return {line};
   const QString rest = line.mid(tab + 1);
-  return {line.left(kSide).trimmed(), line.mid(kSide, tab - kSide), rest.left(kCode).trimmed(),
-          rest.mid(kCode).trimmed()};
+  return {line.left(kSide), line.mid(kSide, tab - kSide), rest.left(kCode), rest.mid(kCode)};
 }
 
 /// What an empty list asks for.
@@ -41,7 +40,7 @@ QComboBox* AddHead(QVBoxLayout& all, Detalle& window, QDialog* dialog, Binders& 
   auto* head = new QHBoxLayout;
   head->setSpacing(14);
   all.addLayout(head);
-  auto* portfolio = QuietLabel(WithMnemonic(window.Combo1.label(), u'C'), TextFont(), dialog);
+  auto* portfolio = LabelFor(window.Combo1, u'C', dialog);
   auto* combo = MakePortfolioBox(window.Combo1, dialog, binders);
   portfolio->setBuddy(combo);
   head->addWidget(portfolio);
@@ -50,8 +49,7 @@ QComboBox* AddHead(QVBoxLayout& all, Detalle& window, QDialog* dialog, Binders& 
   auto* value = new QGridLayout;
   value->setHorizontalSpacing(14);
   head->addLayout(value);
-  auto* label = QuietLabel(WithMnemonic(window.Text1.label(), u'V'), TextFont(), dialog);
-  auto* field = AddField(*value, 0, label, window.Text1, binders);
+  auto* field = AddField(*value, 0, LabelFor(window.Text1, u'V', dialog), window.Text1, binders);
   field->setAlignment(Qt::AlignRight);
   field->setFixedWidth(120);
   return combo;

@@ -5,6 +5,7 @@
 #include "qt/look/text.h"
 
 namespace qt {
+
 QString WithMnemonic(std::string_view text, QChar letter) {
   QString caption = Text(text).trimmed();
   const qsizetype at = caption.indexOf(letter);

@@ -7,6 +7,8 @@
 #include <QLabel>
 
 #include "qt/look/binders.h"
+#include "qt/look/small_widgets.h"
+#include "qt/look/theme.h"
 #include "qt/ports/looks.h"
 
 // The parts that dialogs are made of.
@@ -17,6 +19,12 @@ inline constexpr int kFieldHeight = 34;
 /// The text of a label, without the blanks around it and with its `letter` for the mnemonic that
 /// leads to its field.
 [[nodiscard]] QString WithMnemonic(std::string_view text, QChar letter);
+
+/// The quiet label that stands in front of a control, with that mnemonic.
+template <typename Labelled>
+[[nodiscard]] QLabel* LabelFor(const Labelled& control, QChar letter, QWidget* parent) {
+  return QuietLabel(WithMnemonic(control.label(), letter), TextFont(), parent);
+}
 
 /// A field in row `row` of the form, behind `label`, bound to `box`.
 QLineEdit* AddField(QGridLayout& form, int row, QLabel* label, platform::TextBox& box,

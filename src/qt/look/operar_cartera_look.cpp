@@ -118,7 +118,7 @@ void AddSides(QGridLayout& form, int row, Operar_Cartera& window, QDialog* dialo
 }
 
 Order AddOrder(QGridLayout& form, Operar_Cartera& window, QDialog* dialog, Binders& binders) {
-  auto* portfolio = QuietLabel(WithMnemonic(window.Combo1.label(), u's'), TextFont(), dialog);
+  auto* portfolio = LabelFor(window.Combo1, u's', dialog);
   auto* combo = MakePortfolioBox(window.Combo1, dialog, binders);
   portfolio->setBuddy(combo);
   form.addWidget(portfolio, 0, 0, Qt::AlignRight | Qt::AlignVCenter);
@@ -127,8 +127,7 @@ Order AddOrder(QGridLayout& form, Operar_Cartera& window, QDialog* dialog, Binde
   AddSides(form, 2, window, dialog, binders);
 
   const auto add = [&](int row, platform::TextBox& box, QChar letter, const QString& hint) {
-    auto* label = QuietLabel(WithMnemonic(box.label(), letter), TextFont(), dialog);
-    auto* field = AddField(form, row, label, box, binders);
+    auto* field = AddField(form, row, LabelFor(box, letter, dialog), box, binders);
     field->setPlaceholderText(hint);
     return field;
   };
@@ -152,8 +151,9 @@ void AddCash(QVBoxLayout& all, Operar_Cartera& window, QDialog* dialog, Binders&
   const auto add = [&](platform::TextBox& box, QChar letter) {
     auto* form = new QGridLayout;
     line->addLayout(form);
-    auto* label = QuietLabel(WithMnemonic(box.label(), letter), SmallFont(), dialog);
-    auto* field = AddField(*form, 0, label, box, binders);
+    auto* name = LabelFor(box, letter, dialog);
+    name->setFont(SmallFont());
+    auto* field = AddField(*form, 0, name, box, binders);
     field->setPlaceholderText(QStringLiteral("0.00"));
     field->setFixedWidth(80);
   };
@@ -179,14 +179,7 @@ void AddCash(QVBoxLayout& all, Operar_Cartera& window, QDialog* dialog, Binders&
 Look MakeOperationLook(Operar_Cartera& window, FrameClock& clock) {
   auto* dialog = new QDialog;
   auto binders = std::make_shared<Binders>(*dialog, clock);
-  auto* all = AddBody(*dialog);
-  auto* middle = new QHBoxLayout;
-  middle->setSpacing(24);
-  all->addLayout(middle, 1);
-
-  auto* left = new QVBoxLayout;
-  left->setSpacing(10);
-  middle->addLayout(left);
+  const auto [all, both, left] = AddHalves(*dialog, 10);
   auto* form = new QGridLayout;
   form->setHorizontalSpacing(14);
   form->setVerticalSpacing(6);
@@ -200,7 +193,7 @@ Look MakeOperationLook(Operar_Cartera& window, FrameClock& clock) {
   record->setDefault(true);
   left->addStretch();
 
-  auto* list = AddList(*middle, window.List2, PositionColumns(u'u'), dialog, *binders);
+  auto* list = AddList(*both, window.List2, PositionColumns(u'u'), dialog, *binders);
   const auto tell = [&window, order, list] { TellPortfolio(window, order, *list); };
   binders->Follow(window.Text1, *order.chosen, tell);
   QObject::connect(order.portfolio->model(), &QAbstractItemModel::rowsInserted, binders->context(),

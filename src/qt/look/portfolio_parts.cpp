@@ -20,6 +20,17 @@ QVBoxLayout* AddBody(QDialog& dialog) {
   return body;
 }
 
+Halves AddHalves(QDialog& dialog, int spacing) {
+  auto* all = AddBody(dialog);
+  auto* both = new QHBoxLayout;
+  both->setSpacing(24);
+  all->addLayout(both, 1);
+  auto* left = new QVBoxLayout;
+  left->setSpacing(spacing);
+  both->addLayout(left);
+  return {all, both, left};
+}
+
 void SetFieldWidth(QGridLayout& form, int least, int usual) {
   form.setColumnMinimumWidth(1, least);
   form.addItem(new QSpacerItem(usual, 0, QSizePolicy::Preferred), 0, 1);
@@ -62,12 +73,7 @@ Columns PositionColumns(QChar letter) {
   return {.letter = letter,
           .headings = {QStringLiteral("Títulos"), QStringLiteral("Código"),
                        QStringLiteral("Precio medio")},
-          .split =
-              [](const QString& line) {
-                QStringList cells = line.split(u'\t');
-                for (QString& cell : cells) cell = cell.trimmed();
-                return cells;
-              },
+          .split = [](const QString& line) { return line.split(u'\t'); },
           .alignments = {Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight}};
 }
 

@@ -17,6 +17,14 @@ namespace qt {
 
 /// The column that all of `dialog` stands in.
 [[nodiscard]] QVBoxLayout* AddBody(QDialog& dialog);
+/// The same with two halves side by side in it, of which the right one is still to come. Lines of
+/// the left one stand `spacing` apart.
+struct Halves {
+  QVBoxLayout* all;
+  QHBoxLayout* both;
+  QVBoxLayout* left;
+};
+[[nodiscard]] Halves AddHalves(QDialog& dialog, int spacing);
 /// Gives the fields of `form` `usual` pixels, of which `least` are left in a narrow window.
 void SetFieldWidth(QGridLayout& form, int least, int usual);
 

@@ -6,11 +6,10 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QListWidget>
-#include <QPainter>
 #include <QScreen>
-#include <QStyledItemDelegate>
 
 #include "base/text.h"
+#include "qt/look/popup_rows.h"
 #include "qt/look/text.h"
 #include "qt/look/theme.h"
 
@@ -20,30 +19,6 @@ namespace {
 using Found = std::vector<store::Sugerencia>;
 
 constexpr int kCode = Qt::UserRole;
-constexpr int kRowHeight = 28, kMargin = 9, kWidest = 480;
-
-class RowDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option,
-             const QModelIndex& index) const override {
-    const bool lit = option.state.testFlag(QStyle::State_Selected);
-    const double share = lit ? 1 : option.state.testFlag(QStyle::State_MouseOver) ? 0.2 : 0;
-    painter->fillRect(option.rect, Mix(tone::kRaised, tone::kAccent, share));
-    const QRect room = option.rect.adjusted(kMargin, 0, -kMargin, 0);
-    painter->setFont(option.font);
-    painter->setPen(lit ? tone::kOnAccent : tone::kText);
-    const QString line =
-        option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width());
-    painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, line);
-  }
-  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const override {
-    const QString line = index.data().toString();
-    return {option.fontMetrics.horizontalAdvance(line) + 2 * kMargin, kRowHeight};
-  }
-};
 
 /// The first is what was typed, and no longer code begins so.
 bool Complete(const Found& found, std::string_view typed) {
@@ -67,9 +42,12 @@ class SuggestionList : public QObject {
     list_->setFocusPolicy(Qt::NoFocus);
     list_->setFocusProxy(&field_);  // lines are told to those who can't see them
     list_->setFont(field_.font());
+    QPalette colors = list_->palette();
+    colors.setColor(QPalette::Base, tone::kRaised);
+    list_->setPalette(colors);
     list_->setMouseTracking(true);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list_->setItemDelegate(new RowDelegate(list_));
+    list_->setItemDelegate(new PopupRows(list_));
     list_->setAccessibleName(QStringLiteral("Sugerencias"));
     connect(list_, &QListWidget::itemClicked, this, [this] { Take(); });
   }
@@ -112,8 +90,8 @@ class SuggestionList : public QObject {
   void Place() {
     const int frame = 2 * list_->frameWidth();
     const int wanted = list_->sizeHintForColumn(0) + frame;
-    const QSize size(std::max(field_.width(), std::min(wanted, kWidest)),
-                     list_->count() * kRowHeight + frame);
+    const QSize size(std::max(field_.width(), std::min(wanted, PopupRows::kWidest)),
+                     list_->count() * PopupRows::kRowHeight + frame);
     const QRect screen = field_.screen()->availableGeometry();
     QRect place(field_.mapToGlobal(QPoint(0, field_.height())), size);
     if (place.bottom() > screen.bottom()) place.moveBottom(field_.mapToGlobal(QPoint()).y() - 1);
