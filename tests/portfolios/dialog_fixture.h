@@ -6,6 +6,7 @@
 
 #include "portfolios/portfolio_store.h"
 #include "support/memory_platform.h"
+#include "support/orders.h"
 
 /// Portfolios that the dialogs work on.
 class DialogTest : public testing::Test {
@@ -17,13 +18,7 @@ class DialogTest : public testing::Test {
     ASSERT_TRUE(portfolios.AgregarCartera(record));
   }
   void Operate(int portfolio, std::string_view code, int shares, float price, int way = 1) {
-    portfolios::Operacion record;
-    record.Codigo = store::Codigo(code);
-    record.Titulos = shares;
-    record.Precio = price;
-    record.CarteraId = static_cast<std::int16_t>(portfolio);
-    record.Sentido = static_cast<std::int16_t>(way);
-    ASSERT_TRUE(portfolios.AgregarOperacion(record));
+    ASSERT_TRUE(portfolios.AgregarOperacion(support::Order(code, shares, price, way, portfolio)));
   }
 
   /// The lines of a list, or the entries of a selector, each with a "|" at its end.

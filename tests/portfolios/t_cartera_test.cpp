@@ -1,5 +1,6 @@
 #include "portfolios/t_cartera.h"
 
+#include "support/orders.h"
 #include "views/fixture.h"
 
 namespace {
@@ -27,13 +28,8 @@ class Holdings : public ViewTest {
     temp.Write("COLORES.SET", record.Encode());
   }
   void Buy(int cartera, std::string_view code, int shares = 100, float price = 10) {
-    portfolios::Operacion op;
-    op.Codigo.assign(code);
-    op.Titulos = shares;
-    op.Precio = price;
-    op.CarteraId = static_cast<std::int16_t>(cartera);
-    op.Sentido = portfolios::Operacion::kCompra;
-    EXPECT_TRUE(portfolios.AgregarOperacion(op));
+    EXPECT_TRUE(portfolios.AgregarOperacion(
+        support::Order(code, shares, price, portfolios::Operacion::kCompra, cartera)));
     portfolios.RecalcularPosiciones();
   }
   void Quote(std::int16_t slot, float last) {

@@ -6,6 +6,7 @@
 
 #include "shell/terminal.h"
 #include "support/memory_platform.h"
+#include "support/orders.h"
 #include "support/wire.h"
 
 /// A whole terminal on the in-memory platform.
@@ -49,13 +50,8 @@ class TerminalTest : public testing::Test {
   }
 
   void Comprar(int cartera, std::string_view code, std::int32_t titulos, float precio) {
-    portfolios::Operacion record;
-    record.Codigo.assign(code);
-    record.Titulos = titulos;
-    record.Precio = precio;
-    record.CarteraId = static_cast<std::int16_t>(cartera);
-    record.Sentido = portfolios::Operacion::kCompra;
-    ASSERT_TRUE(terminal->Carteras.AgregarOperacion(record));
+    ASSERT_TRUE(terminal->Carteras.AgregarOperacion(
+        support::Order(code, titulos, precio, portfolios::Operacion::kCompra, cartera)));
   }
 
   support::TempDir dir;

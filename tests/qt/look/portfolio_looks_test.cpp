@@ -19,6 +19,7 @@
 #include "qt/look/portfolio_parts.h"
 #include "qt/look/register.h"
 #include "qt/ports/qt_platform.h"
+#include "support/orders.h"
 #include "support/temp_dir.h"
 
 namespace {
@@ -246,13 +247,7 @@ TEST_F(PortfolioLooksTest, DetailsAreReadOutCellByCell) {
   AddPortfolio();
   for (const auto& [side, shares] : {std::pair{portfolios::Operacion::kCompra, 1200},
                                      std::pair{portfolios::Operacion::kVenta, 200}}) {
-    portfolios::Operacion operation;
-    operation.Codigo = store::Codigo("TAZ");
-    operation.CarteraId = 1;
-    operation.Titulos = shares;
-    operation.Precio = 1250.5F;
-    operation.Sentido = side;
-    ASSERT_TRUE(portfolio_store.AgregarOperacion(operation));
+    ASSERT_TRUE(portfolio_store.AgregarOperacion(support::Order("TAZ", shares, 1250.5F, side)));
   }
   detalle.Show();
   detalle.Combo1.Click(0);
