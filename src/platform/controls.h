@@ -41,7 +41,8 @@ class Label : public Control {
 /// the user or the program.
 class TextBox : public Control {
  public:
-  std::function<void()> on_change;
+  /// `on_enter` runs when the user presses Enter in it.
+  std::function<void()> on_change, on_enter;
 
   [[nodiscard]] const std::string& text() const { return text_; }
   /// Cuts at max_length characters.

@@ -22,6 +22,10 @@ struct MenuItem {
 enum class Icon {
   none,
   board,
+  indices,
+  futures,
+  currencies,
+  colors,
   price_alarm,
   volume_alarm,
   alarms,

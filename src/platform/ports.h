@@ -4,6 +4,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "base/palette.h"
 
 // What the outside must offer to the logic.
 namespace platform {
@@ -65,6 +68,8 @@ class Dialogs {
   virtual bool Ask(std::string_view text) = 0;
   /// A line that the user types; "" when he gives up.
   virtual std::string Input(std::string_view text) = 0;
+  /// A colour, out of a box that begins with `current`; `current` itself when the user gives up.
+  virtual base::Color Color(base::Color current) = 0;
   /// The program ends: open boxes close as if the user had given up, later ones don't open.
   virtual void Dismiss() = 0;
 };
@@ -102,6 +107,8 @@ class Desktop {
   virtual void Closed(Window& window) = 0;
   /// Keyboard focus to a control of a window.
   virtual void Focus(Window& window, Control& control) = 0;
+  /// Names of the fonts that it has, in order.
+  [[nodiscard]] virtual std::vector<std::string> Fonts() const = 0;
 };
 
 }  // namespace platform

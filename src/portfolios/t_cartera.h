@@ -24,7 +24,7 @@ class TCartera : public views::GridView {
   /// of its code, 20 of a code at most. A number that no portfolio can have changes nothing.
   void Mostrar(int p);
   /// Takes the settings anew; the rows are then made anew with the next `Mostrar`.
-  void ColoresOn();
+  void ColoresOn() override;
   /// After a quote: paints every row of the instrument's name with flash; adds none.
   void negoti(std::int16_t indice);
 

@@ -25,6 +25,9 @@ MDI::MDI(platform::Platform& platform) : Window(platform), Timer1(platform, 1000
   Command2.set_caption("Operar");
   Command2.set_tool_tip("Comprar o vender");
   Command3.set_tool_tip("Muestra el Mercado Continuo");
+  Command4.set_tool_tip("Indices");
+  Command5.set_tool_tip("Futuros");
+  Command6.set_tool_tip("Divisas");
   Label1.set_caption("Carteras");
   Label1.set_tool_tip("Pulse aquí para ver sus carteras");
   Combo1.set_tool_tip("Carteras Disponibles");

@@ -33,6 +33,9 @@ class MDI : public platform::Window {
   platform::Button Command1;              // fired alarms
   platform::Button Command2;              // buys or sells
   platform::Button Command3;              // brings up the board
+  platform::Button Command4;              // indices
+  platform::Button Command5;              // futures
+  platform::Button Command6;              // currencies
   platform::Label Label1;                 // brings up the holdings
   platform::ComboBox Combo1;              // the portfolios
   platform::TextBox Text1, Text2, Text3;  // value of the chosen one, gain in %, gain; locked

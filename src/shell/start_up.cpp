@@ -28,13 +28,22 @@ void StartUp(Terminal& terminal, const base::ProgramDir& directory) {
   directory.EmptyDirectory("Ticks");
   mdi.Check2.set_value(0);
   terminal.Continuo.Load();
+  terminal.Indices.Load();
+  terminal.Futuros.Load();
+  terminal.Divisas.Load();
   terminal.TCartera.Load();
   mdi.Picture2.set_picture(Picture::closed);
   terminal.Conecta.Load();
   SetUpTickers(mdi);
   terminal.ConfigVentana = views::LoadConfigVentana(directory);
-  views::ApplyLook(terminal.ConfigVentana[1], terminal.Continuo.G);
-  views::ApplyLook(terminal.ConfigVentana[1], terminal.TCartera.G);
+  const auto apply = [&](std::size_t entry, views::GridView& view) {
+    views::ApplyLook(terminal.ConfigVentana[entry], view.G);
+  };
+  apply(1, terminal.Continuo);
+  apply(1, terminal.TCartera);
+  apply(2, terminal.Indices);
+  apply(3, terminal.Futuros);
+  apply(4, terminal.Divisas);
   terminal.Alarmas.CargarAlarmas();
   terminal.FormAlarm.Load();
   terminal.FormAlarm.Rellenar();

@@ -31,7 +31,9 @@ void Stop::Silence() {
 void Stop::Advance() {
   const std::int16_t phase = terminal_.MDI.FaseCierre;
   if (stage_ == Stage::closing && (terminal_.Conecta.cerrado() || phase >= kSocketGivenUp)) {
+    terminal_.Indices.Timer1.set_enabled(false);
     terminal_.Continuo.Timer1.set_enabled(false);
+    terminal_.Futuros.Timer1.set_enabled(false);
     stage_ = Stage::views_at_rest;
   }
   if (stage_ == Stage::views_at_rest && phase >= kViewsGo) {

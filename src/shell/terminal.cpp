@@ -14,7 +14,14 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       pipeline(store, MDI.Tickctl1, MDI.Check2),
       Conecta(platform, directory_, store, pipeline,
               {MDI.Picture2, MDI.Label2, MDI.LT, MDI.LF, MDI.Tickctl1, MDI.Tickctl2}),
-      Continuo({platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre}),
+      context{platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre},
+      Continuo(context),
+      Indices(context),
+      Estadisticas(context),
+      Futuros(context),
+      Divisas(context),
+      Opciones(context),
+      Colores(platform, directory_, ConfigVentana),
       Form2(platform, MDI.FaseCierre),
       Tickets(platform, store, pipeline, Form2),
       Alarmas(directory_),
@@ -22,14 +29,20 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       ListAlarm(platform, MDI.FaseCierre),
       APrecio(platform, store, Alarmas, FormAlarm),
       Carteras(directory_, MDI.Combo1),
-      TCartera({platform, directory_, store, pipeline, ConfigVentana, MDI.FaseCierre}, Carteras),
+      TCartera(context, Carteras),
       Cartera(platform, Carteras),
       Operar_Cartera(platform, store, Carteras),
       Detalle(platform, Carteras),
+      Ticks(directory_, store),
+      Graficos(platform, store, Ticks),
+      Hot(context, Ticks),
       resumen_(MDI, store, Carteras, TCartera),
       stop_(*this) {
   JoinMainWindow();
   JoinPipeline();
+  JoinViews();
+  JoinCharts();
+  JoinColors();
   JoinCommands(*this);
 }
 
@@ -54,8 +67,6 @@ void Terminal::JoinPipeline() {
     alarms::EvaluarAlarmas(store.Instrumentos(slot), Alarmas, FormAlarm, ListAlarm);
   };
   pipeline.AbrirTicket = [this](std::int16_t slot) { Tickets.AbrirTicket(slot); };
-  pipeline.views.Continuo_negoti = [this](std::int16_t slot) { Continuo.negoti(slot); };
-  pipeline.views.Continuo_negotii = [this](std::int16_t slot) { Continuo.negotii(slot); };
   pipeline.steps.cartera = [this](std::int16_t slot) { TCartera.negoti(slot); };
   Conecta.steps.ResumenCartera = [this] { resumen_.Combo1_Click(); };
   MDI.Combo1.on_click = [this] { resumen_.Combo1_Click(); };
@@ -65,6 +76,72 @@ void Terminal::JoinPipeline() {
   Tickets.steps.EnviarTexto = [this](std::string_view text) { (void)Conecta.EnviarTexto(text); };
   FormAlarm.steps.VerLista = [this] { ListAlarm.Show(); };
   ListAlarm.steps.VerAlarmas = [this] { FormAlarm.Show(); };
+}
+
+void Terminal::JoinViews() {
+  store::UpdatePipeline::Views& views = pipeline.views;
+  views.Continuo_negoti = [this](std::int16_t slot) { Continuo.negoti(slot); };
+  views.Continuo_negotii = [this](std::int16_t slot) { Continuo.negotii(slot); };
+  views.Indices = [this](std::int16_t slot) { Indices.negotii(slot); };
+  views.Futuros = [this](std::int16_t slot) { Futuros.negotio(slot); };
+  views.Divisas = [this](std::int16_t slot) { Divisas.negotiv(slot); };
+  // These two are loaded when they are first needed.
+  views.Estadisticas = [this](std::int16_t slot) {
+    Estadisticas.Load();
+    Estadisticas.negotii(slot);
+  };
+  views.Opciones = [this](std::int16_t slot) {
+    Opciones.Load();
+    Opciones.negotiop(slot);
+  };
+}
+
+void Terminal::JoinCharts() {
+  pipeline.steps.graficos = [this](std::int16_t slot) { Graficos.GraficosVivo(slot); };
+  pipeline.steps.ticks = [this](std::int16_t slot) { Ticks.TickAppend(slot); };
+  pipeline.steps.resumen = [this](std::int16_t slot) {
+    if (Hot.loaded()) Hot.ActuaHot(slot);
+  };
+  for (views::GridView* view :
+       {static_cast<views::GridView*>(&Continuo), static_cast<views::GridView*>(&Indices),
+        static_cast<views::GridView*>(&Estadisticas), static_cast<views::GridView*>(&TCartera),
+        static_cast<views::GridView*>(&Hot)}) {
+    view->graficos = {.Abrir = [this](std::int16_t slot) { Graficos.Abrir(slot); },
+                      .Pedir = [this] { return Graficos.Pedir(); }};
+  }
+}
+
+std::vector<views::GridView*> Terminal::ViewsOf(int ventana) {
+  std::vector<views::GridView*> shown;
+  const auto add = [&](views::GridView& view) {
+    if (view.loaded()) shown.push_back(&view);
+  };
+  if (ventana == 1) {
+    add(Continuo);
+    add(TCartera);
+  } else if (ventana == 2) {
+    add(Indices);
+    add(Estadisticas);
+  } else if (ventana == 3) {
+    add(Futuros);
+  } else if (ventana == 4) {
+    add(Divisas);
+  }
+  return shown;
+}
+
+void Terminal::JoinColors() {
+  Colores.steps.Grids = [this](int ventana) {
+    std::vector<platform::Grid*> grids;
+    for (views::GridView* view : ViewsOf(ventana)) grids.push_back(&view->G);
+    return grids;
+  };
+  Colores.steps.ColoresOn = [this](int ventana) {
+    for (views::GridView* view : ViewsOf(ventana)) view->ColoresOn();
+    // The rows of the holdings are made anew by this.
+    if (ventana == 1) resumen_.Combo1_Click();
+  };
+  Colores.steps.OcultarConecta = [this] { Conecta.Hide(); };
 }
 
 void Terminal::Start() {

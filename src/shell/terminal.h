@@ -1,12 +1,16 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "alarms/a_precio.h"
 #include "alarms/alarm_table.h"
 #include "alarms/form_alarm.h"
 #include "alarms/list_alarm.h"
 #include "base/program_dir.h"
+#include "charts/graficos_abiertos.h"
+#include "charts/hot.h"
+#include "charts/tick_files.h"
 #include "feed/conecta.h"
 #include "platform/platform.h"
 #include "portfolios/cartera.h"
@@ -21,7 +25,12 @@
 #include "store/instrument_store.h"
 #include "store/update_pipeline.h"
 #include "views/color_records.h"
+#include "views/colores.h"
 #include "views/continuo.h"
+#include "views/divisas.h"
+#include "views/futuros.h"
+#include "views/indices.h"
+#include "views/opciones.h"
 #include "views/tape.h"
 #include "views/tickets.h"
 
@@ -48,6 +57,11 @@ class Terminal {
   void ShowLogin();
   void JoinMainWindow();
   void JoinPipeline();
+  void JoinViews();
+  void JoinCharts();
+  void JoinColors();
+  /// Those that show the settings of a market window, by its number in the dialog.
+  [[nodiscard]] std::vector<views::GridView*> ViewsOf(int ventana);
 
   platform::Platform& platform_;
   base::ProgramDir directory_;
@@ -59,7 +73,14 @@ class Terminal {
   shell::MDI MDI;
   store::UpdatePipeline pipeline;
   feed::Conecta Conecta;
+  views::GridContext context;
   views::Continuo Continuo;
+  views::Indices Indices;
+  views::Estadisticas Estadisticas;
+  views::Futuros Futuros;
+  views::Divisas Divisas;
+  views::Opciones Opciones;
+  views::Colores Colores;
   views::Form2 Form2;
   views::Tickets Tickets;
   alarms::AlarmTable Alarmas;
@@ -71,6 +92,9 @@ class Terminal {
   portfolios::Cartera Cartera;
   portfolios::Operar_Cartera Operar_Cartera;
   portfolios::Detalle Detalle;
+  charts::TickFiles Ticks;
+  charts::GraficosAbiertos Graficos;
+  charts::Hot Hot;
 
  private:
   Resumen resumen_;

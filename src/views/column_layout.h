@@ -28,11 +28,11 @@ struct Columna {
 struct ColumnTable {
   int name_width = 0;
   /// Left to right, as long as no file says otherwise.
-  std::span<const Columna> design;
+  std::span<const Columna> design{};
   /// Headings by flag, from 0; "" makes no column.
-  std::array<std::string_view, 12> by_flag;
+  std::array<std::string_view, 12> by_flag{};
   /// Headings that follow those of the flags.
-  std::span<const std::string_view> closing;
+  std::span<const std::string_view> closing{};
   /// Headings that are known as well, should a column come to bear one.
   std::span<const Columna> others{};
 

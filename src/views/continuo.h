@@ -13,7 +13,7 @@ class Continuo : public GridView {
   explicit Continuo(const GridContext& context);
 
   /// Takes the settings anew and repaints all instruments.
-  void ColoresOn();
+  void ColoresOn() override;
   /// After a quote: paints the row with flash; adds none.
   void negoti(std::int16_t indice);
   /// After a load: paints the row without flash; adds it in its place where it is missing.

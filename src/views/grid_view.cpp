@@ -3,13 +3,11 @@
 #include <map>
 
 #include "base/val.h"
-#include "views/layout_file.h"
 
 // The window: its design, commands, mouse and files. Rows are in grid_view_rows.cpp.
 namespace views {
 namespace {
 
-constexpr int kTimerMs = 1000;
 constexpr int kTicksToHide = 5;
 
 constexpr int kBarHeight = 600;
@@ -32,7 +30,7 @@ std::map<std::string, int, std::less<>> WidthsByHeading(const platform::Grid& gr
 
 GridView::GridView(const GridContext& context, const GridDesign& design)
     : Window(context.platform),
-      Timer1(context.platform, kTimerMs, false),
+      Timer1(context.platform, design.timer_ms, false),
       context_(context),
       design_(design),
       bar_(context.platform, Picture1, G, [this] { Form_Resize(); }) {
@@ -73,7 +71,7 @@ void GridView::Wire() {
   G.on_after_user_resize = [this] { G_AfterUserResize(); };
 }
 
-void GridView::ShowCommands() { Command1.set_visible(static_cast<bool>(AbrirGrafico)); }
+void GridView::ShowCommands() { Command1.set_visible(static_cast<bool>(graficos.Pedir)); }
 
 bool GridView::OnQueryUnload() {
   if (context_.FaseCierre != 0) return true;
@@ -127,7 +125,6 @@ void GridView::Form_Resize() {
 }
 
 void GridView::Command1_Click() {
-  if (AbrirGrafico) AbrirGrafico(FilaActual);
   SetFocus(Command5);
 }
 
@@ -142,7 +139,7 @@ void GridView::Command3_Click() {
   SetFocus(Command5);
 }
 
-void GridView::Command4_Click() {
+void GridView::SaveLayout() {
   WriteLayout(context_.dir, design_.pos, *this, G);
   SetFocus(Command5);
 }

@@ -17,6 +17,7 @@
 #include "views/color_records.h"
 #include "views/column_layout.h"
 #include "views/command_bar.h"
+#include "views/layout_file.h"
 #include "views/row_names.h"
 
 namespace views {
@@ -48,6 +49,15 @@ struct GridDesign {
   int registro = 1;           // record of "COLORES.SET"
   ColorFamily colors = ColorFamily::text;
   int own_columns = 0;  // last columns, whose cells the view adds to the built row itself
+  bool bar = true;      // has a command bar
+  int timer_ms = 1000;  // of Timer1; 0 where cells stay lit until they change again
+  LayoutForm layout = LayoutForm::place_first;
+};
+
+/// Opens charts.
+struct ChartSteps {
+  std::function<void(std::int16_t slot)> Abrir;  // of an instrument
+  std::function<bool()> Pedir;                   // of a code that the user types; false for none
 };
 
 /// A market view: one grid under a command bar that slides away, one row per instrument. Shows the
@@ -64,23 +74,25 @@ class GridView : public platform::Window {
   platform::Label Label1;                                   // name of the row last clicked
   platform::Timer Timer1;
 
-  /// Opens the chart of a row, 0 when none was clicked. Its button shows only when this is set
-  /// before the load.
-  std::function<void(int fila)> AbrirGrafico;
+  /// The chart button shows only where these are set before the load.
+  ChartSteps graficos;
+
+  /// Takes the settings anew and repaints what they change.
+  virtual void ColoresOn() {}
 
   void Form_Resize();
   void Timer1_Timer();
   void Command1_Click();
-  void Command2_Click();
+  virtual void Command2_Click();
   void Command3_Click();
-  void Command4_Click();
+  virtual void Command4_Click() { SaveLayout(); }
   void G_Click();
   virtual void G_DblClick();
   void G_MouseMove();
   [[nodiscard]] virtual int G_BeforeMoveColumn(int from, int to) const {
     return from == 0 ? 0 : to;
   }
-  void G_AfterUserResize() { Command4_Click(); }
+  void G_AfterUserResize() { SaveLayout(); }
 
  protected:
   bool OnQueryUnload() override;
@@ -104,6 +116,7 @@ class GridView : public platform::Window {
   /// design's; those that a flag turns on all get `flagged_width` where it isn't 0.
   void BuildColumns(int flagged_width = 0);
   void LoadLayout();
+  void SaveLayout();
   void ShowCommands();
 
   // Rows.

@@ -10,6 +10,9 @@
 // and top of the window stand first, the width of column k in record 5 + k.
 namespace views {
 
+/// What stands where in the file.
+enum class LayoutForm { place_first, widths_first };
+
 /// Applies the file where it is longer than 10 bytes. Widths that no column can have are left out;
 /// so is a window smaller than 1000 either way. Its place is taken as it stands: what room there is
 /// shows only when the window does.

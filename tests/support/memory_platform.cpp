@@ -22,6 +22,12 @@ std::string FakeDialogs::Input(std::string_view text) {
   return dismissed ? std::string() : line;
 }
 
+base::Color FakeDialogs::Color(base::Color current) {
+  colors.push_back(current);
+  StayOpen();
+  return dismissed ? current : color.value_or(current);
+}
+
 void FakeDialogs::StayOpen() {
   if (++open == 1 && while_open) while_open();
   --open;

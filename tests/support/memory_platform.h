@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,8 @@ class FakeDialogs : public platform::Dialogs {
   std::vector<std::string> messages, questions, prompts;
   bool answer = true;
   std::string line;  // what the user types when asked for a line
+  std::optional<base::Color> color;  // that the user picks; none is giving up
+  std::vector<base::Color> colors;   // that the boxes began with
   bool dismissed = false;
   int open = 0;  // boxes open at the moment
   /// Runs while a box is open: what the outside does meanwhile. Not for boxes above another.
@@ -31,6 +34,7 @@ class FakeDialogs : public platform::Dialogs {
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
   std::string Input(std::string_view text) override;
+  base::Color Color(base::Color current) override;
   void Dismiss() override { dismissed = true; }
 
  private:
@@ -72,12 +76,14 @@ class FakeDesktop : public platform::Desktop {
  public:
   std::vector<std::string> log;  // "shown Caption", and so on
   platform::Control* focus = nullptr;
+  std::vector<std::string> fonts{"DejaVu Sans", "Roboto"};
 
   void Shown(platform::Window& window) override { log.push_back("shown " + window.caption()); }
   void Raised(platform::Window& window) override { log.push_back("raised " + window.caption()); }
   void Hidden(platform::Window& window) override { log.push_back("hidden " + window.caption()); }
   void Closed(platform::Window& window) override { log.push_back("closed " + window.caption()); }
   void Focus(platform::Window&, platform::Control& control) override { focus = &control; }
+  [[nodiscard]] std::vector<std::string> Fonts() const override { return fonts; }
 };
 
 /// Time stands still until `avanzar`; posted tasks wait for `RunPosted` or `avanzar`.

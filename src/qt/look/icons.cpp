@@ -192,6 +192,10 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
         return Statistics(p);
       case Icon::operate:
         return Operate(p);
+      case Icon::indices:
+      case Icon::futures:
+      case Icon::currencies:
+      case Icon::colors:
       case Icon::none:
         return;
     }

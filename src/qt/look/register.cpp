@@ -10,6 +10,10 @@
 #include "qt/look/ticket_look.h"
 #include "shell/mdi.h"
 #include "views/continuo.h"
+#include "views/divisas.h"
+#include "views/futuros.h"
+#include "views/indices.h"
+#include "views/opciones.h"
 
 namespace qt {
 
@@ -17,6 +21,11 @@ void RegisterLooks(Looks& looks) {
   looks.Add<shell::MDI>(MakeMainLook);
   looks.Add<feed::Conecta>(MakeLoginLook);
   looks.Add<views::Continuo>(MakeBoardLook);
+  looks.Add<views::Indices>(MakeBoardLook);
+  looks.Add<views::Estadisticas>(MakeBoardLook);
+  looks.Add<views::Futuros>(MakeBoardLook);
+  looks.Add<views::Divisas>(MakeBoardLook);
+  looks.Add<views::Opciones>(MakeBoardLook);
   looks.Add<portfolios::TCartera>(MakeHoldingsLook);
   looks.Add<views::Ticker2>(MakeTicketLook);
   looks.Add<views::Form2>(MakeTapeLook);

@@ -212,6 +212,9 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
 
   QHBoxLayout& second = strip->second();
   second.addWidget(MakeButton(mdi.Command3, platform::Icon::board, binders, strip));
+  second.addWidget(MakeButton(mdi.Command4, platform::Icon::indices, binders, strip));
+  second.addWidget(MakeButton(mdi.Command5, platform::Icon::futures, binders, strip));
+  second.addWidget(MakeButton(mdi.Command6, platform::Icon::currencies, binders, strip));
   second.addWidget(MakeButton(mdi.Command1, platform::Icon::alarms, binders, strip));
   second.addWidget(MakeStatusTicker(mdi, binders, strip), 1);
   second.addWidget(MakeCheck(mdi.Check1, binders, strip));

@@ -28,6 +28,7 @@ struct Look {
   QMdiArea* area = nullptr;  // of the main window: where the child windows go
   std::function<QWidget*(platform::Control&)> widget_of{};  // nullptr for a control without widget
   std::shared_ptr<void> bond{};
+  bool modal = false;  // while it is seen, no other window takes input
   bool apart = false;  // a child that comes up where it covers no other such, if there is room
 };
 

@@ -132,6 +132,8 @@ std::string QtDialogs::Input(std::string_view text) {
   return typed;
 }
 
+base::Color QtDialogs::Color(base::Color current) { return current; }
+
 void QtDialogs::Dismiss() {
   dismissed_ = true;
   for (const QPointer<QDialog>& box : open_) {

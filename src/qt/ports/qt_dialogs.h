@@ -16,6 +16,7 @@ class QtDialogs : public platform::Dialogs {
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
   std::string Input(std::string_view text) override;
+  base::Color Color(base::Color current) override;
   void Dismiss() override;
 
  private:

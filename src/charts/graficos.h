@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "charts/chart.h"
+#include "charts/medias.h"
+#include "charts/tick_files.h"
+#include "platform/timer.h"
+#include "platform/window.h"
+#include "store/instrument_store.h"
+
+namespace charts {
+
+/// A chart of one instrument: what the run has seen of it, then every quote. Bound to it by its
+/// tag, "G:" and the code. A change of its size reaches the chart two to four seconds later; until
+/// then the chart is out of sight. What the constructor takes outlives it.
+class Graficos : public platform::Window {
+ public:
+  Graficos(platform::Platform& platform, const store::InstrumentStore& store,
+           const TickFiles& ticks, Medias& medias);
+
+  Chart Gr1;
+  platform::Timer Timer1;
+
+  std::int16_t ChartMargin = 0;     // not 0 while the bar of the chart takes room below it
+  std::int16_t ResizePending = 0;   // 1 after a change of size, 2 a tick later
+  std::int16_t InternalResize = 0;  // 1 while the window changes its own size
+
+  /// It is being unloaded. May drop it from lists, but not end it.
+  std::function<void()> al_descargar;
+
+  /// Starts the series of its code, which brings its past.
+  void Empezar(const store::Codigo& code);
+  void OnChartData(const store::Codigo& code);
+  void Gr1_Command(int command);
+  void Timer1_Timer();
+  void Form_Resize();
+  /// The instrument has been quoted.
+  void Vivo(const store::Instrumento& record);
+
+ protected:
+  void OnLoad() override;
+  void OnUnload() override;
+  void OnResize() override { Form_Resize(); }
+
+ private:
+  const store::InstrumentStore& store_;
+  const TickFiles& ticks_;
+  Medias& medias_;
+};
+
+}  // namespace charts

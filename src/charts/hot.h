@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "charts/chart.h"
+#include "charts/tick_files.h"
+#include "views/grid_view.h"
+
+namespace charts {
+
+/// The overview: the blue-chip index and two followers as lines (`Gr1`), the buyers' part of the
+/// market (`Gr2`), the balances of buyers and sellers, and one instrument of the user's choice in
+/// the grid. Closing only hides it. What the constructor takes outlives it.
+class Hot : public views::GridView {
+ public:
+  Hot(const views::GridContext& context, const TickFiles& ticks);
+
+  Chart Gr1, Gr2;
+  platform::Label LSC, LSV;      // cash of buyers and of sellers
+  platform::Label LSCT1, LSVT1;  // volume of the large trades of both
+  platform::Label Label6;        // buyers' part in %; green above 50, red below
+  platform::Label Label8;        // the same of the large trades
+  platform::Label Label10;       // difference of the cash
+
+  double SaldoComprador = 0, SaldoVendedor = 0;
+  std::string HotCodigos;  // the user's code; one at a time
+  std::int16_t NumHot = 0;
+
+  /// After each update of an instrument.
+  void ActuaHot(std::int16_t indice);
+  /// Asks for the code of an instrument and adds its row, or takes it out where it is the one held.
+  void Command4_Click() override;
+
+ protected:
+  void OnLoad() override;
+
+ private:
+  const TickFiles& ticks_;
+};
+
+}  // namespace charts
