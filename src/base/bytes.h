@@ -37,4 +37,11 @@ void AppendField(std::string& out, T value) {
   out.append(raw, sizeof(T));
 }
 
+/// Puts `bytes` at the 0-based `offset`, over what is there. `out` grows as far as needed, by zero
+/// bytes.
+inline void PutBytes(std::string& out, std::size_t offset, std::string_view bytes) {
+  if (out.size() < offset + bytes.size()) out.resize(offset + bytes.size());
+  out.replace(offset, bytes.size(), bytes);
+}
+
 }  // namespace base

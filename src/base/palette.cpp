@@ -13,4 +13,11 @@ std::uint32_t RgbOf(Color color) {
   return (bits & 0xFFu) << 16 | (bits & 0xFF00u) | (bits >> 16 & 0xFFu);
 }
 
+Color ColorOfRgb(std::uint32_t rgb) {
+  constexpr std::uint32_t kDarkestRed = 0x10;
+  const std::uint32_t bits = (rgb & 0xFFu) << 16 | (rgb & 0xFF00u) | (rgb >> 16 & 0xFFu);
+  if (bits >= kDarkestRed) return static_cast<Color>(bits);
+  return bits < kDarkestRed / 2 ? palette::kBlack : static_cast<Color>(kDarkestRed);
+}
+
 }  // namespace base

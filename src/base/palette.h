@@ -18,6 +18,10 @@ inline constexpr Color kBlack = 0, kBlue = 1, kGreen = 2, kCyan = 3, kRed = 4, k
 /// 0xRRGGBB of a colour, for whoever paints.
 [[nodiscard]] std::uint32_t RgbOf(Color color);
 
+/// 0xRRGGBB as a colour 00BBGGRR. The darkest reds would read as palette numbers: they become the
+/// nearest colour that doesn't.
+[[nodiscard]] Color ColorOfRgb(std::uint32_t rgb);
+
 /// True for 0 to 15.
 [[nodiscard]] constexpr bool IsPaletteNumber(double number) { return number >= 0 && number <= 15; }
 

@@ -17,6 +17,7 @@ namespace {
 
 constexpr mode_t kOwnerOnly = S_IRUSR | S_IWUSR;
 constexpr mode_t kEveryone = 0666;  // less the umask
+constexpr std::size_t kMostEdited = 65536;
 
 // A system call again for as long as signals break it off.
 template <typename Call>
@@ -46,7 +47,7 @@ bool WriteAll(int fd, std::string_view content) {
 }
 
 // Bytes of the file from `offset` on, at most `buffer.size()`.
-std::size_t ReadAt(int fd, std::int64_t offset, std::string& buffer) {
+std::size_t ReadAt(int fd, std::int64_t offset, std::span<char> buffer) {
   std::size_t done = 0;
   while (done < buffer.size()) {
     const ssize_t n = Retry([&] {
@@ -106,6 +107,7 @@ RecordFile::RecordFile(const std::string& path, std::size_t record_size, bool ow
   if (fd_ < 0 && (errno == EACCES || errno == EPERM || errno == EROFS)) {
     fd_ = OpenRegular(path, O_RDONLY, 0, status);
   }
+  if (fd_ >= 0) length_ = status.st_size;
   const bool open_to_others = (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
   if (fd_ >= 0 && owner_only && open_to_others) (void)fchmod(fd_, kOwnerOnly);
 }
@@ -116,11 +118,6 @@ RecordFile::~RecordFile() {
 
 bool RecordFile::writable() const {
   return fd_ >= 0 && (fcntl(fd_, F_GETFL) & O_ACCMODE) == O_RDWR;
-}
-
-std::int64_t RecordFile::length() const {
-  struct stat status {};
-  return fd_ >= 0 && fstat(fd_, &status) == 0 ? status.st_size : 0;
 }
 
 std::optional<std::int64_t> RecordFile::OffsetOf(std::int64_t n) const {
@@ -138,12 +135,19 @@ bool RecordFile::Read(std::int64_t n, std::string& record) const {
   return true;
 }
 
+std::size_t RecordFile::ReadMany(std::int64_t first, std::span<char> records) const {
+  const auto offset = OffsetOf(first);
+  const std::size_t whole = records.size() / record_size_ * record_size_;
+  return offset ? ReadAt(fd_, *offset, records.first(whole)) / record_size_ : 0;
+}
+
 bool RecordFile::Write(std::int64_t n, std::string_view record) {
   const auto offset = OffsetOf(n);
   assert(record.size() == record_size_);
   if (!offset || record.size() != record_size_) return false;
-  return Retry([&] { return pwrite(fd_, record.data(), record.size(), *offset); }) ==
-         static_cast<ssize_t>(record.size());
+  const ssize_t done = Retry([&] { return pwrite(fd_, record.data(), record.size(), *offset); });
+  if (done > 0) length_ = std::max<std::int64_t>(length_, *offset + done);
+  return done == static_cast<ssize_t>(record.size());
 }
 
 bool RecordFile::Flush() const {
@@ -163,6 +167,13 @@ bool ReplaceFile(const std::string& path, std::string_view content, bool owner_o
   }
   unlink(fresh.c_str());
   return false;
+}
+
+bool EditFile(const std::string& path, const std::function<void(std::string& content)>& edit) {
+  std::string content;
+  (void)ReadFileStart(path, kMostEdited, content);
+  edit(content);
+  return ReplaceFile(path, content);
 }
 
 bool ReadWholeFile(const std::string& path, std::size_t limit, std::string& content) {

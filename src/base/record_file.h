@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -12,7 +14,8 @@ namespace base {
 /// be opened, used and closed within one routine. Opening creates a missing file empty; with
 /// `owner_only` the file is narrowed to its owner (mode 0600), an old one too. What isn't a regular
 /// file (or a link to one) doesn't open, and never blocks; one that may only be read is opened for
-/// that. Plain system calls, no buffering.
+/// that. Plain system calls, no buffering, and none to spare: open and fstat, one for each reading
+/// or writing, close.
 class RecordFile {
  public:
   /// `record_size` above 0.
@@ -24,11 +27,14 @@ class RecordFile {
   [[nodiscard]] bool is_open() const { return fd_ >= 0; }
   /// False as well for one that may only be read.
   [[nodiscard]] bool writable() const;
-  /// Bytes in the file; 0 when it isn't open.
-  [[nodiscard]] std::int64_t length() const;
+  /// Bytes in the file as it was opened and written to since; 0 when it isn't open.
+  [[nodiscard]] std::int64_t length() const { return length_; }
   /// True and `record` (record_size bytes) when record `n` is there whole; otherwise `record`
   /// stays as it was.
   [[nodiscard]] bool Read(std::int64_t n, std::string& record) const;
+  /// As many whole records from record `first` on as there are and `records` has room for. Gives
+  /// their number; the bytes behind them may be anything.
+  [[nodiscard]] std::size_t ReadMany(std::int64_t first, std::span<char> records) const;
   /// Writes record `n` in one write. `record` must have record_size bytes. A gap before it is
   /// filled with zero bytes. False for `n` below 1 or past what a file can hold, and when the
   /// disk takes less than the whole record.
@@ -43,6 +49,7 @@ class RecordFile {
   std::string path_;
   std::size_t record_size_;
   int fd_;
+  std::int64_t length_ = 0;
 };
 
 /// Replaces a file of ours as a whole: written beside the old one, flushed to the disk and renamed
@@ -51,6 +58,11 @@ class RecordFile {
 /// leaves the old one, as does a `path` that isn't a regular file.
 [[nodiscard]] bool ReplaceFile(const std::string& path, std::string_view content,
                                bool owner_only = false);
+
+/// `ReplaceFile` by what `edit` makes of the old content, which is "" where there is none to be
+/// read. Of a file over 64 KiB only the start is kept.
+[[nodiscard]] bool EditFile(const std::string& path,
+                            const std::function<void(std::string& content)>& edit);
 
 /// The whole content of a regular file of at most `limit` bytes. False when missing or larger;
 /// creates nothing, never blocks, and leaves `content` as it was on failure.

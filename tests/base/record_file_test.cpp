@@ -33,6 +33,10 @@ TEST_F(RecordFiles, ReadOnlyWholeRecords) {
   EXPECT_EQ(text, "old");
   EXPECT_TRUE(file.Read(2, text));
   EXPECT_EQ(text, "def");
+  std::string room(8, '.');
+  EXPECT_TRUE(file.ReadMany(1, room) == 2 && room == "abcdef..");
+  EXPECT_TRUE(file.ReadMany(2, room) == 1 && file.ReadMany(3, room) == 0);
+  EXPECT_TRUE(file.ReadMany(0, room) == 0 && file.ReadMany(kMost, room) == 0);
 }
 
 TEST_F(RecordFiles, AreCreatedAndTheirGapsFilledWithZeros) {
