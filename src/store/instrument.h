@@ -2,12 +2,22 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 #include "base/fixed_text.h"
 
 namespace store {
 
 using Codigo = base::FixedText<7>;
+
+/// All seven bytes of a code in one number: tells codes apart in one comparison, blanks included.
+[[nodiscard]] inline std::uint64_t WholeCode(const Codigo& code) {
+  // The middle byte stands in both: two whole words are read faster than seven bytes.
+  std::uint32_t first = 0, last = 0;
+  std::memcpy(&first, code.bytes().data(), sizeof first);
+  std::memcpy(&last, code.bytes().data() + 3, sizeof last);
+  return std::uint64_t{last} << 32U | first;
+}
 
 /// Market state of one traded thing. Numbers keep the width that they have on the wire.
 struct Instrumento {

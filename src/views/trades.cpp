@@ -19,7 +19,8 @@ bool EsCreible(const store::Negocio& trade) {
 void Tickets::Negocio(const store::Negocio& trade) {
   if (EsCreible(trade)) {
     AgregarACinta(trade);
-    ForEachOf(trade.Codigo, [&](Ticker2& ticket) { ticket.AgregarNegocio(trade); });
+    abiertos_.ForEachOf(store::WholeCode(trade.Codigo),
+                        [&](Ticker2& ticket) { ticket.AgregarNegocio(trade); });
   }
   tape_.Seguir(tape_.List1.row());
 }
