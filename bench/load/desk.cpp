@@ -52,7 +52,7 @@ void Desk::ShowBoard() {
 }
 
 void Desk::Watch(const platform::Window& window, platform::Control& control) {
-  QWidget* widget = platform_.desktop().FrameOf(window)->look().widget_of(control);
+  QWidget* widget = WidgetOf(window, control);
   if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) widget = area->viewport();
   if (widget != nullptr) widget->installEventFilter(this);
 }

@@ -26,6 +26,10 @@ class Desk : public QObject {
   void ShowBoard();
   /// From now on the paints of a shown window's control count.
   void Watch(const platform::Window& window, platform::Control& control);
+  /// Of a window that has been shown.
+  [[nodiscard]] QWidget* WidgetOf(const platform::Window& window, platform::Control& control) {
+    return platform_.desktop().FrameOf(window)->look().widget_of(control);
+  }
   void LogIn();
   /// Records that have been applied, masters and quotes.
   [[nodiscard]] int records() const { return terminal.Conecta.decoder().ContadorRecords(); }

@@ -14,8 +14,10 @@
 
 namespace charts {
 
-/// A point of a line: x in seconds of session time (from the midnight before the first record; a
-/// change of date adds a day), y in the unit of the prices.
+/// A point of a line: x in seconds of session time, y in the unit of the prices. Session time runs
+/// from the midnight before the first record, and each further date that the chart hears of adds
+/// one day. It never goes back within a series. What comes before the market's clock is heard
+/// stands at the first time that comes.
 struct Punto {
   double x = 0, y = 0;
 };
@@ -50,13 +52,15 @@ struct Senalado {
 
 /// The chart control: series of records as lines over session time, moving averages of the first
 /// one, its volume by minute below. Holds the data and what of it is seen; the screen only draws.
-/// Numbers may be anything: a record whose close is no number has no point. A series keeps its last
-/// 262,144 records. What is added shows with the next `ShowFeed`.
+/// Numbers may be anything: a record whose close is no number is left out, and what was traded
+/// until then counts with the next. A series keeps its last 262,144 records, or up to a quarter
+/// fewer. What is added shows with the next `ShowFeed`.
 class Chart : public platform::Control {
  public:
   /// Commands of its bar, by number.
   static constexpr int kMedia = 10, kAjustar = 550;
   static constexpr int kMaxSeries = 16, kMaxMedias = 16, kMaxPeriodos = 10000;
+  static constexpr int kMaxDecimals = 6;
 
   Chart();
   ~Chart() override;
@@ -82,7 +86,7 @@ class Chart : public platform::Control {
 
   /// Of the price axis, 0 to 6.
   [[nodiscard]] int decimals() const { return decimals_; }
-  void set_decimals(int decimals) { Set(decimals_, decimals); }
+  void set_decimals(int decimals);
   /// Whether there is room for the volume below the lines.
   [[nodiscard]] bool with_volume() const { return with_volume_; }
   void set_with_volume(bool with) { Set(with_volume_, with); }
@@ -93,18 +97,20 @@ class Chart : public platform::Control {
   [[nodiscard]] std::size_t series() const;  // how many of the lines are series
   [[nodiscard]] const std::vector<Barra>& barras() const;
 
-  /// As long as the user hasn't looked closer, everything there is, growing with it.
+  /// As long as the user hasn't looked closer, everything there is in whole minutes, growing with
+  /// it. Else a stretch of time that stays, with the prices and the volume that are in it.
   [[nodiscard]] Vista vista() const;
   [[nodiscard]] bool ve_todo() const;
-  /// Factor below 1 looks closer; what stands at `x` stays there.
+  /// Factor below 1 looks closer; what stands at `x` stays there. Ends at ten seconds, and at
+  /// everything.
   void Acercar(double x, double factor);
   /// By a part of what is seen; above 0 towards later.
   void Desplazar(double parte);
   void VerTodo();
 
-  /// The record of the first series nearest to x.
+  /// The record of the first series nearest to x. Of those of one second it is the last.
   [[nodiscard]] std::optional<Senalado> Senalar(double x) const;
-  /// The record `steps` after (or before) the one nearest to x.
+  /// The one `steps` times after (or before) it; the first or last where there are fewer.
   [[nodiscard]] std::optional<Senalado> Vecino(double x, int steps) const;
   /// Texts of the axes: "hh:mm:ss", and the price with its decimals.
   [[nodiscard]] static std::string TextoHora(double x);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "charts/chart.h"
 #include "charts/medias.h"
@@ -14,8 +15,9 @@
 namespace charts {
 
 /// A chart of one instrument: what the run has seen of it, then every quote. Bound to it by its
-/// tag, "G:" and the code. A change of its size reaches the chart two to four seconds later; until
-/// then the chart is out of sight. What the constructor takes outlives it.
+/// tag, "G:" and the code. The size with which it comes up is that of its chart; a later change of
+/// it reaches the chart two to four seconds after the last one, and until then the chart is out of
+/// sight. What the constructor takes outlives it.
 class Graficos : public platform::Window {
  public:
   Graficos(platform::Platform& platform, const store::InstrumentStore& store,
@@ -43,12 +45,27 @@ class Graficos : public platform::Window {
  protected:
   void OnLoad() override;
   void OnUnload() override;
-  void OnResize() override { Form_Resize(); }
+  void OnResize() override;
 
  private:
+  /// `step`, which does nothing once the window has been unloaded.
+  template <typename Step>
+  [[nodiscard]] auto WhileOpen(Step step);
+  /// Sets the margin and moves the width to and fro, events running in between. A second one
+  /// meanwhile only sets the margin.
+  void Sacudir(std::int16_t margin);
+  /// A window that fills its area, or is an icon, keeps its width.
+  void CambiarAncho(int by);
+  void Ajustar(int width, int height);
+  void AgregarMedia(const std::string& periodos);
+
   const store::InstrumentStore& store_;
   const TickFiles& ticks_;
   Medias& medias_;
+  std::shared_ptr<bool> open_;                  // while it is loaded
+  bool placed_ = false;                         // has come up
+  int shaken_width_ = -1, shaken_height_ = -1;  // from which it was last moved to and fro
+  std::string caption_;                         // while it is being made
 };
 
 }  // namespace charts

@@ -1,17 +1,66 @@
 #include "charts/graficos_abiertos.h"
 
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "base/ansi.h"
+#include "base/text.h"
+
 namespace charts {
+namespace {
+
+constexpr std::size_t kTooShort = 2;  // characters
+
+}  // namespace
 
 GraficosAbiertos::GraficosAbiertos(platform::Platform& platform,
-                                   const store::InstrumentStore& store, const TickFiles& ticks)
-    : Medias(platform), platform_(platform), store_(store), ticks_(ticks), abiertos_(platform) {}
+                                   const store::InstrumentStore& store, const TickFiles& ticks,
+                                   const std::int16_t& FaseCierre)
+    : Medias(platform, FaseCierre),
+      platform_(platform),
+      store_(store),
+      ticks_(ticks),
+      abiertos_(platform) {}
 
-void GraficosAbiertos::Abrir(std::int16_t) {
-  (void)platform_;
-  (void)store_;
-  (void)ticks_;
+void GraficosAbiertos::Abrir(std::int16_t slot) {
+  if (slot < 1 || slot > store_.NumInstrumentos()) return;
+  const store::Instrumento& record = store_.Instrumentos(slot);
+  Mostrar(record.Codigo, record.Nombre.trimmed_utf8());
 }
-bool GraficosAbiertos::Pedir() { return false; }
-void GraficosAbiertos::GraficosVivo(std::int16_t) {}
+
+bool GraficosAbiertos::Pedir() {
+  const std::string answer = platform_.dialogs().Input("Codigo del Valor a graficar: ");
+  const std::string typed = base::UpperAnsi(base::Utf8ToAnsi(base::Trim(answer)));
+  if (typed.size() <= kTooShort) return false;
+  const store::Codigo code(typed);
+  Mostrar(code, code.trimmed_utf8());
+  return true;
+}
+
+void GraficosAbiertos::Mostrar(const store::Codigo& code, std::string_view caption) {
+  Graficos& chart = abiertos_.Add(store::WholeCode(code),
+                                  std::make_unique<Graficos>(platform_, store_, ticks_, Medias));
+  chart.set_tag("G:" + code.utf8());
+  chart.set_caption(base::OneLine(caption));
+  chart.Show();
+  chart.Empezar(code);
+
+  const auto place = static_cast<std::int16_t>(platform_.windows.size() - 1);
+  const auto known = std::ranges::find(ChartCodes, code);
+  if (known == ChartCodes.end()) {
+    ChartCodes.push_back(code);
+    ChartWindowIndex.push_back(place);
+  } else {
+    ChartWindowIndex[static_cast<std::size_t>(known - ChartCodes.begin())] = place;
+  }
+}
+
+// A code with a chart is one of `ChartCodes`.
+void GraficosAbiertos::GraficosVivo(std::int16_t slot) {
+  const store::Instrumento& record = store_.Instrumentos(slot);
+  abiertos_.ForEachOf(store::WholeCode(record.Codigo),
+                      [&](Graficos& chart) { chart.Vivo(record); });
+}
 
 }  // namespace charts

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "charts/chart.h"
 #include "charts/tick_files.h"
+#include "store/code_scan.h"
 #include "views/grid_view.h"
 
 namespace charts {
 
 /// The overview: the blue-chip index and two followers as lines (`Gr1`), the buyers' part of the
 /// market (`Gr2`), the balances of buyers and sellers, and one instrument of the user's choice in
-/// the grid. Closing only hides it. What the constructor takes outlives it.
+/// the grid, which doesn't flash. The charts begin with what the run has seen; a figure is empty
+/// until its code is updated. Closing only hides it. What the constructor takes outlives it.
 class Hot : public views::GridView {
  public:
   Hot(const views::GridContext& context, const TickFiles& ticks);
@@ -36,7 +41,15 @@ class Hot : public views::GridView {
   void OnLoad() override;
 
  private:
-  const TickFiles& ticks_;
+  void ActuaFijo(std::size_t fijo, const store::Instrumento& record);
+  void PintarParte(const store::Instrumento& record);
+  void Trazar(Chart& chart, const store::Instrumento& record);
+  void Agregar(std::string_view code);
+  void Quitar();
+  void PintarFila(const store::Instrumento& record);
+
+  std::array<store::CodeKey, store::kCodeBlock> claves_;  // of the fixed codes
+  store::CodeKey clave_ = store::kNoCode;                 // of the user's
 };
 
 }  // namespace charts
