@@ -89,15 +89,6 @@ void AppendGain(std::string& out, const Tenencia& held) {
 TCartera::TCartera(const views::GridContext& context, const PortfolioStore& portfolios)
     : GridView(context, kDesign), portfolios_(portfolios) {}
 
-void TCartera::OnLoad() {
-  ApplyLook(config(), G);
-  ShowCommands();
-  BuildColumns();
-  LoadLayout();
-  ReadColors(/*write_first=*/false);
-  Timer1.set_enabled(true);
-}
-
 std::vector<TCartera::Valor> TCartera::ValoresDe(int p) const {
   const store::InstrumentStore& store = context().store;
   std::vector<Valor> valores;

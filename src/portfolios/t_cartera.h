@@ -31,9 +31,6 @@ class TCartera : public views::GridView {
   void G_DblClick() override;
   [[nodiscard]] int G_BeforeMoveColumn(int from, int to) const override;
 
- protected:
-  void OnLoad() override;
-
  private:
   /// What a row was made for.
   struct Valor {

@@ -24,29 +24,30 @@ void AppendDate(std::string& out, float date) {
 
 }  // namespace
 
-void AppendCell(std::string& out, Campo campo, const store::Instrumento& record) {
+void AppendCell(std::string& out, Campo campo, const store::Instrumento& record,
+                const base::Mask& price) {
   using namespace base::masks;
   switch (campo) {
     case Campo::ninguno:
       return;
     case Campo::Anterior:
-      return kPrice.Append(out, record.Anterior);
+      return price.Append(out, record.Anterior);
     case Campo::Apertura:
-      return kPrice.Append(out, record.Apertura);
+      return price.Append(out, record.Apertura);
     case Campo::Variacion:
       return kPercent.Append(out, store::Variacion(record));
     case Campo::Ultimo:
-      return kPrice.Append(out, record.Ultimo);
+      return price.Append(out, record.Ultimo);
     case Campo::Maximo:
-      return kPrice.Append(out, record.Maximo);
+      return price.Append(out, record.Maximo);
     case Campo::Minimo:
-      return kPrice.Append(out, record.Minimo);
+      return price.Append(out, record.Minimo);
     case Campo::Volumen:
       return kCount.Append(out, record.Volumen);
     case Campo::Efectivo:
       return kMoney.Append(out, record.Efectivo);
     case Campo::Medio:
-      return kPrice.Append(out, record.Medio);
+      return price.Append(out, record.Medio);
     case Campo::Saldo:
       return kMoney.Append(out, record.Saldo);
     case Campo::Hora:

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/fixed_text.h"
+#include "base/masks.h"
 #include "store/instrument.h"
 
 // What stands in the cells of the market views.
@@ -27,8 +28,10 @@ enum class Campo {
   Pesetas
 };
 
-/// Appends the cell text; nothing for `ninguno`, or where the number has no text.
-void AppendCell(std::string& out, Campo campo, const store::Instrumento& record);
+/// Appends the cell text, prices by the mask `price`; nothing for `ninguno`, or where the number
+/// has no text.
+void AppendCell(std::string& out, Campo campo, const store::Instrumento& record,
+                const base::Mask& price = base::masks::kPrice);
 
 /// Appends the name as it stands in a cell: UTF-8 with its padding, fit for one line.
 void AppendName(std::string& out, const base::FixedText<20>& name);

@@ -14,6 +14,7 @@ namespace {
 constexpr float kFontSize = 7.0F;
 constexpr std::int64_t kNoContent = 10;  // bytes of a file that counts as absent
 constexpr std::size_t kNameAt = 16, kNameSize = 30;
+constexpr std::string_view kWindowsFile = "Colores.QUO", kColorsFile = "COLORES.SET";
 
 // The fields of both records by their offset; `visit` reads or writes one.
 template <typename Record, typename Visit>
@@ -56,6 +57,12 @@ auto WriterTo(std::string& bytes) {
   };
 }
 
+void PutInFile(const base::ProgramDir& dir, std::string_view file, std::size_t offset,
+               std::string_view bytes) {
+  const auto put = [&](std::string& content) { base::PutBytes(content, offset, bytes); };
+  (void)base::EditFile(dir.Path(file), put);
+}
+
 ConfigVentanas Defaults() {
   using namespace base::palette;
   ConfigVentanas config;
@@ -90,9 +97,8 @@ std::string ConfigVentana::Encode() const {
   return bytes;
 }
 
-ConfigVentanas LoadConfigVentana(const base::ProgramDir& dir) {
-  ConfigVentanas config = Defaults();
-  const base::RecordFile file(dir.Path("Colores.QUO"), ConfigVentana::kSize);
+void ReadConfigVentana(const base::ProgramDir& dir, ConfigVentanas& config) {
+  const base::RecordFile file(dir.Path(kWindowsFile), ConfigVentana::kSize);
   std::string record;
   for (std::size_t n = 1; n < config.size() && file.length() > kNoContent; ++n) {
     if (file.Read(static_cast<std::int64_t>(n), record)) config[n] = ConfigVentana::Decode(record);
@@ -100,7 +106,18 @@ ConfigVentanas LoadConfigVentana(const base::ProgramDir& dir) {
   for (std::size_t n = 1; n <= 4; ++n) {
     if (config[n].FontSize == 0) config[n].FontSize = kFontSize;
   }
+}
+
+ConfigVentanas LoadConfigVentana(const base::ProgramDir& dir) {
+  ConfigVentanas config = Defaults();
+  ReadConfigVentana(dir, config);
   return config;
+}
+
+void WriteConfigVentana(const base::ProgramDir& dir, const ConfigVentanas& config) {
+  std::string records;
+  for (std::size_t n = 1; n < config.size(); ++n) records += config[n].Encode();
+  PutInFile(dir, kWindowsFile, 0, records);
 }
 
 void ApplyLook(const ConfigVentana& config, platform::Grid& grid) {
@@ -145,13 +162,19 @@ std::string ColorRecord::Encode() const {
 }
 
 ColorRecord ReadColorRecord(const base::ProgramDir& dir, int number, bool write_first) {
-  base::RecordFile file(dir.Path("COLORES.SET"), ColorRecord::kSize);
+  base::RecordFile file(dir.Path(kColorsFile), ColorRecord::kSize);
   const ColorRecord standard = ColorRecord::Default(number);
   if (write_first && file.is_open() && file.length() == 0) file.Write(number, standard.Encode());
   std::string bytes;
   if (!file.Read(number, bytes)) return standard;
   const ColorRecord record = ColorRecord::Decode(bytes);
   return record.blank() ? standard : record;
+}
+
+void WriteColorRecord(const base::ProgramDir& dir, int number, const ColorRecord& record) {
+  if (number < 1) return;
+  const auto offset = static_cast<std::size_t>(number - 1) * ColorRecord::kSize;
+  PutInFile(dir, kColorsFile, offset, record.Encode());
 }
 
 }  // namespace views

@@ -39,6 +39,11 @@ using ConfigVentanas = std::array<ConfigVentana, 6>;
 /// The entries of "Colores.QUO" over the defaults. A file of up to 10 bytes counts as absent, an
 /// entry that isn't there whole keeps its default. A font size of 0 becomes 7 in entries 1 to 4.
 [[nodiscard]] ConfigVentanas LoadConfigVentana(const base::ProgramDir& dir);
+/// The same over the entries of `config`.
+void ReadConfigVentana(const base::ProgramDir& dir, ConfigVentanas& config);
+/// Writes entries 1 to 5. Like every writer here it replaces the file as a whole, keeps its other
+/// bytes, and leaves the old one where the disk refuses.
+void WriteConfigVentana(const base::ProgramDir& dir, const ConfigVentanas& config);
 
 /// Back and text colour, lines and font of a grid.
 void ApplyLook(const ConfigVentana& config, platform::Grid& grid);
@@ -70,5 +75,7 @@ struct ColorRecord {
 /// the default into a file that is empty.
 [[nodiscard]] ColorRecord ReadColorRecord(const base::ProgramDir& dir, int number,
                                           bool write_first = false);
+/// Writes record `number`, from 1.
+void WriteColorRecord(const base::ProgramDir& dir, int number, const ColorRecord& record);
 
 }  // namespace views

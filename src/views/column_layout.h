@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/masks.h"
 #include "base/program_dir.h"
 #include "views/cell_text.h"
 
@@ -35,6 +36,8 @@ struct ColumnTable {
   std::span<const std::string_view> closing{};
   /// Headings that are known as well, should a column come to bear one.
   std::span<const Columna> others{};
+  /// How prices are written.
+  const base::Mask* price = &base::masks::kPrice;
 
   /// The column of that heading; an empty one where the heading is unknown.
   [[nodiscard]] Columna Of(std::string_view heading) const;

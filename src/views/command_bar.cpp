@@ -7,14 +7,17 @@ namespace views {
 namespace {
 
 constexpr int kStepMs = 10;
-constexpr int kShownTop = 0;
 constexpr int kBareGridTop = 1;  // of the grid without the bar
 
 }  // namespace
 
 CommandBar::CommandBar(platform::Platform& platform, platform::PictureBox& bar,
-                       platform::Grid& grid, std::function<void()> settled)
-    : bar_(bar), grid_(grid), settled_(std::move(settled)), timer_(platform, kStepMs, false) {
+                       platform::Grid& grid, int shown_top, std::function<void()> settled)
+    : bar_(bar),
+      grid_(grid),
+      shown_top_(shown_top),
+      settled_(std::move(settled)),
+      timer_(platform, kStepMs, false) {
   timer_.on_tick = [this] { Step(); };
 }
 
@@ -29,9 +32,9 @@ void CommandBar::Slide(int step) {
 }
 
 void CommandBar::Step() {
-  const int top = std::clamp(bar_.rect().top + step_, HiddenTop(), kShownTop);
-  Place(top, top + bar_.rect().height + 1);
-  const bool arrived = step_ > 0 ? top >= kShownTop : top <= HiddenTop();
+  const int top = std::clamp(bar_.rect().top + step_, HiddenTop(), shown_top_);
+  Place(top, top - shown_top_ + bar_.rect().height + 1);
+  const bool arrived = step_ > 0 ? top >= shown_top_ : top <= HiddenTop();
   if (!arrived) return;
   if (step_ < 0) Place(top, kBareGridTop);
   Cancel();

@@ -14,9 +14,9 @@ namespace views {
 /// during one is dropped.
 class CommandBar {
  public:
-  /// `settled` runs at the end of every slide.
+  /// The bar's top is at `shown_top` when it is in. `settled` runs at the end of every slide.
   CommandBar(platform::Platform& platform, platform::PictureBox& bar, platform::Grid& grid,
-             std::function<void()> settled);
+             int shown_top, std::function<void()> settled);
 
   /// The grid stands below the bar.
   [[nodiscard]] bool shown() const;
@@ -36,6 +36,7 @@ class CommandBar {
 
   platform::PictureBox& bar_;
   platform::Grid& grid_;
+  int shown_top_;
   std::function<void()> settled_;
   int step_ = 0;  // 0 at rest
   platform::Timer timer_;

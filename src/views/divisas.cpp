@@ -1,9 +1,17 @@
 #include "views/divisas.h"
 
+#include "views/market_columns.h"
+
 namespace views {
 namespace {
 
-constexpr ColumnTable kTable{};
+constexpr auto kColumns = Followed(kPriceColumns, kHora, kFecha);
+
+constexpr ColumnTable kTable{
+    .name_width = kNameWidth,
+    .design = kColumns,
+    .price = &base::masks::kRate,
+};
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Divisas",
@@ -23,8 +31,20 @@ constexpr GridDesign kDesign{
 
 Divisas::Divisas(const GridContext& context) : GridView(context, kDesign) {}
 
-void Divisas::OnLoad() {}
-void Divisas::ColoresOn() {}
-void Divisas::negotiv(std::int16_t) {}
+void Divisas::AddRows() { AddNameRows({"DV"}); }
+
+void Divisas::ColoresOn() {
+  ReadColors(/*write_first=*/false);
+  for (const std::int16_t slot : SlotsOf({"DV"})) negotiv(slot);
+}
+
+void Divisas::negotiv(std::int16_t indice) {
+  if (!IsSlot(indice)) return;
+  const store::Instrumento& record = context().store.Instrumentos(indice);
+  BuildRow(record);
+  int row = FindRow();
+  if (row == 0) row = AppendRow();
+  if (row > 0) FlashRow(row, RowColor(record));
+}
 
 }  // namespace views

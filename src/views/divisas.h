@@ -19,7 +19,7 @@ class Divisas : public GridView {
   void negotiv(std::int16_t indice);
 
  protected:
-  void OnLoad() override;
+  void AddRows() override;
 };
 
 }  // namespace views

@@ -1,9 +1,21 @@
 #include "views/futuros.h"
 
+#include "views/market_columns.h"
+
 namespace views {
 namespace {
 
-constexpr ColumnTable kTable{};
+constexpr auto kColumns =
+    Followed(kPriceColumns, kVolumen, kEfectivo, kPonderado, kSaldos, kHora, kFecha);
+
+constexpr std::array kClosing{kHora.heading};
+
+constexpr ColumnTable kTable{
+    .name_width = kNameWidth,
+    .design = kColumns,
+    .by_flag = ByFlag(kColumns),
+    .closing = kClosing,
+};
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Futuros",
@@ -23,8 +35,15 @@ constexpr GridDesign kDesign{
 
 Futuros::Futuros(const GridContext& context) : GridView(context, kDesign) {}
 
-void Futuros::OnLoad() {}
-void Futuros::ColoresOn() {}
-void Futuros::negotio(std::int16_t) {}
+void Futuros::AddRows() {
+  AddNameRows({"PD", "MF"});
+  SortRows(0);
+}
+
+void Futuros::ColoresOn() {
+  ReadColors(/*write_first=*/false);
+  BuildColumns();
+  for (const std::int16_t slot : SlotsOf({"PD", "MF", "CM"})) negotio(slot);
+}
 
 }  // namespace views

@@ -6,8 +6,8 @@
 
 namespace views {
 
-/// The futures: a grid without commands. Instruments coded "CM" come only with a load or a repaint;
-/// no quote reaches them here.
+/// The futures: a grid without commands. Those known when it loads are in the order of their names.
+/// Instruments coded "CM" come only with a load or a repaint; no quote reaches them here.
 class Futuros : public GridView {
  public:
   explicit Futuros(const GridContext& context);
@@ -16,10 +16,10 @@ class Futuros : public GridView {
   void ColoresOn() override;
   /// Paints the instrument's row with flash; adds one at the end where it is missing, unless its
   /// name begins with a blank.
-  void negotio(std::int16_t indice);
+  void negotio(std::int16_t indice) { FlashOrAdd(indice); }
 
  protected:
-  void OnLoad() override;
+  void AddRows() override;
 };
 
 }  // namespace views

@@ -33,7 +33,7 @@ GridView::GridView(const GridContext& context, const GridDesign& design)
       Timer1(context.platform, design.timer_ms, false),
       context_(context),
       design_(design),
-      bar_(context.platform, Picture1, G, [this] { Form_Resize(); }) {
+      bar_(context.platform, Picture1, G, design.bar_top, [this] { Form_Resize(); }) {
   Design();
   Wire();
 }
@@ -42,8 +42,9 @@ void GridView::Design() {
   set_caption(design_.caption);
   set_rect(design_.rect);
   G.set_rows(1);
-  G.set_rect({kGridLeft, kBarHeight + 1, design_.rect.width, design_.rect.height});
-  Picture1.set_rect({0, 0, design_.rect.width, kBarHeight});
+  const int bar_height = design_.bar ? kBarHeight : 0;
+  G.set_rect({kGridLeft, bar_height + 1, design_.rect.width, design_.rect.height});
+  Picture1.set_rect({0, design_.bar_top, design_.rect.width, bar_height});
   platform::Rect place = kFirstButton;
   const auto put = [&](platform::Button& button, std::string_view caption) {
     button.set_caption(caption);
@@ -56,6 +57,11 @@ void GridView::Design() {
   put(Command1, "Graficos");
   Command5.set_visible(false);
   Label1.set_rect(kName);
+  if (design_.bar) return;
+  for (platform::Control* control : std::initializer_list<platform::Control*>{
+           &Picture1, &Command1, &Command2, &Command3, &Command4, &Label1}) {
+    control->set_visible(false);
+  }
 }
 
 void GridView::Wire() {
@@ -71,7 +77,19 @@ void GridView::Wire() {
   G.on_after_user_resize = [this] { G_AfterUserResize(); };
 }
 
-void GridView::ShowCommands() { Command1.set_visible(static_cast<bool>(graficos.Pedir)); }
+void GridView::OnLoad() {
+  ApplyLook(config(), G);
+  ShowCommands();
+  BuildColumns();
+  AddRows();
+  LoadLayout();
+  ReadColors(/*write_first=*/false);
+  Timer1.set_enabled(true);
+}
+
+void GridView::ShowCommands() {
+  Command1.set_visible(design_.bar && graficos.Abrir && graficos.Pedir);
+}
 
 bool GridView::OnQueryUnload() {
   if (context_.FaseCierre != 0) return true;
@@ -90,7 +108,7 @@ void GridView::ReadColors(bool write_first) {
 
 void GridView::BuildColumns(int flagged_width) {
   const ColumnTable& table = design_.columns;
-  const bool by_file = ReadColFlags(context_.dir, design_.cam, ColFlags);
+  const bool by_file = !design_.cam.empty() && ReadColFlags(context_.dir, design_.cam, ColFlags);
   const std::vector<std::string_view> headings =
       by_file ? table.Flagged(ColFlags) : table.Designed();
   const std::size_t equal_widths =
@@ -112,7 +130,7 @@ void GridView::BuildColumns(int flagged_width) {
   }
 }
 
-void GridView::LoadLayout() { ReadLayout(context_.dir, design_.pos, *this, G); }
+void GridView::LoadLayout() { ReadLayout(context_.dir, design_.pos, design_.layout, *this, G); }
 
 void GridView::Form_Resize() {
   platform::Rect bar = Picture1.rect();
@@ -124,8 +142,31 @@ void GridView::Form_Resize() {
   G.set_rect(grid);
 }
 
+template <typename Visit>
+void GridView::ForEachNamed(std::string_view name, const Visit& visit) {
+  for (int slot = 1; slot <= context_.store.NumInstrumentos(); ++slot) {
+    const store::Instrumento& record = context_.store.Instrumentos(slot);
+    name_.clear();
+    AppendName(name_, record.Nombre);
+    if (name_ == name && !visit(static_cast<std::int16_t>(slot), record)) return;
+  }
+}
+
 void GridView::Command1_Click() {
-  SetFocus(Command5);
+  // A chart that has opened keeps the front.
+  if (!OpenChart()) SetFocus(Command5);
+}
+
+bool GridView::OpenChart() {
+  if (!graficos.Abrir || !graficos.Pedir) return false;
+  if (FilaActual < 1) return graficos.Pedir();
+  std::int16_t named = 0;
+  ForEachNamed(G.text(FilaActual, 0), [&](std::int16_t slot, const store::Instrumento&) {
+    named = slot;
+    return false;
+  });
+  if (named > 0) graficos.Abrir(named);
+  return named > 0;
 }
 
 void GridView::Command2_Click() {
@@ -140,7 +181,7 @@ void GridView::Command3_Click() {
 }
 
 void GridView::SaveLayout() {
-  WriteLayout(context_.dir, design_.pos, *this, G);
+  WriteLayout(context_.dir, design_.pos, design_.layout, *this, G);
   SetFocus(Command5);
 }
 
@@ -148,12 +189,16 @@ void GridView::Timer1_Timer() {
   if (G.rows() < 2) return;
   ClearFlashes();
   HoverTicks = base::CheckedIncrement(HoverTicks);
-  if (HoverTicks > kTicksToHide && bar_.shown()) bar_.SlideOut();
+  if (design_.bar && HoverTicks > kTicksToHide && bar_.shown()) bar_.SlideOut();
+}
+
+void GridView::SlideBarIn() {
+  if (design_.bar && bar_.hidden()) bar_.SlideIn();
 }
 
 void GridView::OnShow() {
   HoverTicks = 0;
-  if (bar_.hidden()) bar_.SlideIn();
+  SlideBarIn();
 }
 
 void GridView::G_Click() {
@@ -169,18 +214,8 @@ void GridView::G_DblClick() {
 
 void GridView::G_MouseMove() {
   HoverTicks = 0;
-  if (G.mouse_row == 0 && bar_.hidden()) bar_.SlideIn();
+  if (G.mouse_row == 0) SlideBarIn();
   if (G.mouse_row > 0 && G.mouse_row < G.rows()) ShowCode(G.text(G.mouse_row, 0));
-}
-
-template <typename Visit>
-void GridView::ForEachNamed(std::string_view name, const Visit& visit) {
-  for (int slot = 1; slot <= context_.store.NumInstrumentos(); ++slot) {
-    const store::Instrumento& record = context_.store.Instrumentos(slot);
-    name_.clear();
-    AppendName(name_, record.Nombre);
-    if (name_ == name && !visit(static_cast<std::int16_t>(slot), record)) return;
-  }
 }
 
 void GridView::ShowCode(std::string_view name) {

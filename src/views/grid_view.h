@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,12 +46,13 @@ struct GridDesign {
   std::string_view caption;
   platform::Rect rect;
   const ColumnTable& columns;
-  std::string_view cam, pos;  // its files
+  std::string_view cam, pos;  // its files; no `cam` where the columns are fixed
   int entrada = 1;            // entry of ConfigVentanas
   int registro = 1;           // record of "COLORES.SET"
   ColorFamily colors = ColorFamily::text;
   int own_columns = 0;  // last columns, whose cells the view adds to the built row itself
   bool bar = true;      // has a command bar
+  int bar_top = 0;      // of the bar when it is in sight, in twips
   int timer_ms = 1000;  // of Timer1; 0 where cells stay lit until they change again
   LayoutForm layout = LayoutForm::place_first;
 };
@@ -74,11 +77,13 @@ class GridView : public platform::Window {
   platform::Label Label1;                                   // name of the row last clicked
   platform::Timer Timer1;
 
-  /// The chart button shows only where these are set before the load.
+  /// The chart button shows only where these are set before the load, and there is a bar.
   ChartSteps graficos;
 
   /// Takes the settings anew and repaints what they change.
   virtual void ColoresOn() {}
+  /// Headings of its optional columns, by flag from 0; "" makes no column.
+  [[nodiscard]] std::span<const std::string_view> Campos() const { return design_.columns.by_flag; }
 
   void Form_Resize();
   void Timer1_Timer();
@@ -110,6 +115,11 @@ class GridView : public platform::Window {
     return slot >= 1 && slot <= context_.store.NumInstrumentos();
   }
 
+  /// Look, columns, rows, layout file, colours; then the timer runs.
+  void OnLoad() override;
+  /// Those that are there from the load on.
+  virtual void AddRows() {}
+
   // Frame, used at load and when the settings have changed.
   void ReadColors(bool write_first);
   /// Headings by design or by file. A heading that was there keeps its width, a new one gets the
@@ -120,6 +130,11 @@ class GridView : public platform::Window {
   void ShowCommands();
 
   // Rows.
+  /// Instruments whose code begins with one of these, in the order of the market.
+  [[nodiscard]] std::vector<std::int16_t> SlotsOf(
+      std::initializer_list<std::string_view> beginnings) const;
+  /// For all that `SlotsOf` gives, a row with no more than its name.
+  void AddNameRows(std::initializer_list<std::string_view> beginnings);
   void AddNameRow(const store::Instrumento& record);
   /// Leaves the heading alone.
   void ClearRows();
@@ -130,13 +145,21 @@ class GridView : public platform::Window {
   [[nodiscard]] base::Color RowColor(const store::Instrumento& record) const;
   /// First row with the built row's name; 0 when there is none.
   [[nodiscard]] int FindRow();
+  /// The same, where blanks in front of a name count.
+  [[nodiscard]] int FindPaddedRow();
   /// The slot's remembered row, else the first one with its name, which is then remembered.
   [[nodiscard]] int RowOf(int slot);
   /// Writes the built row and marks what has changed against the old texts.
   void FlashRow(int row, base::Color color);
+  /// Flashes the instrument's row, as `RowOf` gives it; adds one at the end where it is missing,
+  /// unless its name begins with a blank.
+  void FlashOrAdd(int slot);
   /// Writes the built row without a mark.
   void PaintRow(int row, base::Color color);
-  /// Adds the built row in its place by name, and forgets all rows, as they have moved.
+  /// Adds a row with the built one's name at the end and forgets all rows; 0 where there are too
+  /// many.
+  [[nodiscard]] int AppendRow();
+  /// Adds the built row in its place by name and forgets all rows, as they have moved.
   void InsertRow(base::Color color);
   /// Sorts by `col` and selects the first cell.
   void SortRows(int col);
@@ -150,13 +173,15 @@ class GridView : public platform::Window {
 
  private:
   struct Fila {
-    std::int16_t FilaFlash = 0;  // above 0 while the row carries flash colours
-    std::int16_t FilaTicks = 0;  // ticks it has been seen so
-    base::Color FilaColor = 0;   // text or back colour at rest, by family
+    std::int16_t FilaFlash = 0;                      // above 0 while the row has flash colours
+    std::int16_t FilaTicks = 0;                      // ticks it has been seen so
+    base::Color FilaColor = platform::Grid::kUnset;  // text or back at rest, by family
   };
 
   void Design();
   void Wire();
+  void SlideBarIn();
+  [[nodiscard]] bool OpenChart();
   [[nodiscard]] bool IsLit(int row, const Fila& fila) const;
   void ClearFlashes();
   void ClearFlash(int row, Fila& fila);

@@ -39,15 +39,32 @@ void GridView::BuildRow(const store::Instrumento& record) {
   AppendName(row_text_.buffer(), record.Nombre);
   row_text_.EndCell();
   for (const Campo campo : campos_) {
-    AppendCell(row_text_.buffer(), campo, record);
+    AppendCell(row_text_.buffer(), campo, record, *design_.columns.price);
     row_text_.EndCell();
   }
+}
+
+std::vector<std::int16_t> GridView::SlotsOf(
+    std::initializer_list<std::string_view> beginnings) const {
+  std::vector<std::int16_t> slots;
+  for (int slot = 1; slot <= context_.store.NumInstrumentos(); ++slot) {
+    const std::string_view code = context_.store.Instrumentos(slot).Codigo.bytes();
+    const auto begins_it = [&](std::string_view text) { return code.starts_with(text); };
+    if (std::ranges::any_of(beginnings, begins_it)) {
+      slots.push_back(static_cast<std::int16_t>(slot));
+    }
+  }
+  return slots;
+}
+
+void GridView::AddNameRows(std::initializer_list<std::string_view> beginnings) {
+  for (const int slot : SlotsOf(beginnings)) AddNameRow(context_.store.Instrumentos(slot));
 }
 
 void GridView::AddNameRow(const store::Instrumento& record) {
   name_.clear();
   AppendName(name_, record.Nombre);
-  G.set_text(G.AddRow(), 0, name_);
+  names_.Add(name_);
 }
 
 void GridView::ClearRows() {
@@ -61,6 +78,9 @@ base::Color GridView::RowColor(const store::Instrumento& record) const {
 }
 
 int GridView::FindRow() { return names_.Find(base::Trim(row_text_.cell(0))); }
+
+// All names are padded to one length, so a text that begins with one is no longer than that.
+int GridView::FindPaddedRow() { return names_.FindWhole(row_text_.cell(0)); }
 
 int GridView::RowOf(int slot) {
   std::int16_t& remembered = FilaDeInstrumento[static_cast<std::size_t>(slot)];
@@ -92,10 +112,23 @@ void GridView::FlashRow(int row, base::Color color) {
   }
 }
 
+void GridView::FlashOrAdd(int slot) {
+  if (!IsSlot(slot)) return;
+  const store::Instrumento& record = context_.store.Instrumentos(slot);
+  BuildRow(record);
+  int row = RowOf(slot);
+  if (row == 0 && !row_text_.cell(0).starts_with(' ')) row = AppendRow();
+  if (row > 0) FlashRow(row, RowColor(record));
+}
+
 void GridView::PaintRow(int row, base::Color color) {
   G.set_row_text(row, row_text_);
   Fila& fila = FilaAt(row);
   fila.FilaColor = color;
+  if (design_.colors == ColorFamily::back) {
+    G.set_colors(row, 0, Colores.ColorNormalTexto, color);
+    return;
+  }
   if (fila.FilaFlash == 0) {
     G.set_row_colors(row, 0, color, platform::Grid::kUnset);
     return;
@@ -127,12 +160,18 @@ void GridView::ClearFlash(int row, Fila& fila) {
   }
 }
 
-void GridView::InsertRow(base::Color color) {
+int GridView::AppendRow() {
   // A name that changes leaves its old row behind; somewhere that must end.
-  if (G.rows() > kMaxFilas) return;
+  if (G.rows() > kMaxFilas) return 0;
   FilaDeInstrumento.fill(0);
+  return names_.Add(row_text_.cell(0));
+}
+
+void GridView::InsertRow(base::Color color) {
   const bool in_order = names_.in_order();
-  PaintRow(G.AddRow(), color);
+  const int row = AppendRow();
+  if (row == 0) return;
+  PaintRow(row, color);
   if (!in_order) return SortRows(0);
   const int place = names_.PlaceLast();
   std::rotate(filas_.begin() + place, filas_.end() - 1, filas_.end());

@@ -1,43 +1,52 @@
 #include "views/indices.h"
 
+#include "views/market_columns.h"
+
 namespace views {
 namespace {
 
-constexpr ColumnTable kTable{};
+constexpr auto kColumns =
+    Followed(kPriceColumns, kVolumen, kEfectivo, kPonderado, kSaldos, kHora, kPesetas, kHora);
 
-constexpr GridDesign kIndices{
-    .caption = "Cotirama Indices",
-    .rect = {600, 600, 14400, 6000},
-    .columns = kTable,
-    .cam = "IN.CAM",
-    .pos = "IN.POS",
-    .entrada = 2,
-    .registro = 2,
-    .colors = ColorFamily::back,
-    .timer_ms = 2000,
-    .layout = LayoutForm::widths_first,
+constexpr std::array kClosing{kHora.heading};
+
+constexpr ColumnTable kTable{
+    .name_width = kNameWidth,
+    .design = kColumns,
+    .by_flag = ByFlag(kColumns),
+    .closing = kClosing,
 };
 
-constexpr GridDesign kEstadisticas{
-    .caption = "Estadísticas del Mercado",
-    .rect = {900, 900, 14400, 6000},
-    .columns = kTable,
-    .cam = "IN.CAM",
-    .pos = "ESTA.POS",
-    .entrada = 2,
-    .registro = 2,
-    .colors = ColorFamily::back,
-    .timer_ms = 2000,
-    .layout = LayoutForm::widths_first,
-};
+constexpr GridDesign Design(std::string_view caption, const platform::Rect& rect,
+                            std::string_view pos) {
+  return {
+      .caption = caption,
+      .rect = rect,
+      .columns = kTable,
+      .cam = "IN.CAM",
+      .pos = pos,
+      .entrada = 2,
+      .registro = 2,
+      .colors = ColorFamily::back,
+      .bar_top = 1,
+      .timer_ms = 2000,
+      .layout = LayoutForm::widths_first,
+  };
+}
+
+constexpr GridDesign kIndices = Design("Cotirama Indices", {600, 600, 14400, 6000}, "IN.POS");
+constexpr GridDesign kEstadisticas =
+    Design("Estadísticas del Mercado", {900, 900, 14400, 6000}, "ESTA.POS");
 
 }  // namespace
 
 Indices::Indices(const GridContext& context) : IndexView(context, kIndices) {}
 Estadisticas::Estadisticas(const GridContext& context) : IndexView(context, kEstadisticas) {}
 
-void IndexView::OnLoad() {}
-void IndexView::ColoresOn() {}
-void IndexView::negotii(std::int16_t) {}
+void IndexView::ColoresOn() {
+  ReadColors(/*write_first=*/false);
+  BuildColumns();
+  for (const std::int16_t slot : SlotsOf({"I ", "ST"})) negotii(slot);
+}
 
 }  // namespace views

@@ -16,14 +16,13 @@ class IndexView : public GridView {
   void ColoresOn() override;
   /// Paints the instrument's row with flash; adds one at the end where it is missing, unless its
   /// name begins with a blank.
-  void negotii(std::int16_t indice);
+  void negotii(std::int16_t indice) { FlashOrAdd(indice); }
 
   /// There is nothing to print here.
   void Command2_Click() override {}
 
  protected:
   using GridView::GridView;
-  void OnLoad() override;
 };
 
 class Indices : public IndexView {

@@ -1,9 +1,18 @@
 #include "views/opciones.h"
 
+#include "views/market_columns.h"
+
 namespace views {
 namespace {
 
-constexpr ColumnTable kTable{};
+constexpr Columna kOwnSaldos{" Saldos ", Campo::Saldo, kSaldos.width};
+constexpr auto kColumns =
+    Followed(kPriceColumns, kVolumen, kEfectivo, kPonderado, kOwnSaldos, kHora, kFecha);
+
+constexpr ColumnTable kTable{
+    .name_width = kNameWidth,
+    .design = kColumns,
+};
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Opciones",
@@ -23,7 +32,17 @@ constexpr GridDesign kDesign{
 
 Opciones::Opciones(const GridContext& context) : GridView(context, kDesign) {}
 
-void Opciones::OnLoad() {}
-void Opciones::negotiop(std::int16_t) {}
+void Opciones::AddRows() { AddNameRows({".C", ".P"}); }
+
+void Opciones::negotiop(std::int16_t indice) {
+  if (!IsSlot(indice)) return;
+  const store::Instrumento& record = context().store.Instrumentos(indice);
+  BuildRow(record);
+  if (const int row = FindPaddedRow()) {
+    FlashRow(row, RowColor(record));
+  } else if (const int added = AppendRow()) {
+    PaintRow(added, RowColor(record));
+  }
+}
 
 }  // namespace views

@@ -18,7 +18,7 @@ class Opciones : public GridView {
   void negotiop(std::int16_t indice);
 
  protected:
-  void OnLoad() override;
+  void AddRows() override;
 };
 
 }  // namespace views

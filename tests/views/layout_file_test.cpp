@@ -7,6 +7,7 @@ namespace {
 
 using platform::Rect;
 using support::I16;
+using enum views::LayoutForm;
 
 class LayoutFile : public ViewTest {
  protected:
@@ -19,8 +20,8 @@ class LayoutFile : public ViewTest {
     grid.set_width(1, 600);
     window.set_rect({1, 2, 3000, 4000});
   }
-  std::string Written() {
-    views::WriteLayout(dir, "X.POS", window, grid);
+  std::string Written(views::LayoutForm form = place_first) {
+    views::WriteLayout(dir, "X.POS", form, window, grid);
     return temp.Read("X.POS");
   }
 
@@ -33,6 +34,7 @@ TEST_F(LayoutFile, TakesOnlyWhatMakesSense) {
     std::string file;
     Rect rect;
     int first, second;
+    views::LayoutForm form = place_first;
   };
   const Rect design{1, 2, 3000, 4000};
   const Case cases[]{
@@ -40,11 +42,19 @@ TEST_F(LayoutFile, TakesOnlyWhatMakesSense) {
       {I16(2000) + I16(2500) + I16(-9) + I16(8) + I16(700) + "x", {-9, 8, 2500, 2000}, 700, 600},
       {I16(999) + I16(2000) + I16(9) + I16(9) + I16(0) + I16(15001), design, 0, 600},
       {I16(2000) + I16(-1) + I16(9) + I16(9) + I16(-1) + I16(15000), design, 500, 15000},
+      {I16(0) + I16(700) + I16(2000) + I16(2500) + I16(-9) + I16(8),
+       {-9, 8, 2500, 2000},
+       500,
+       700,
+       widths_first},
+      {I16(7) + I16(-1) + I16(2000) + I16(999) + I16(9) + I16(9), design, 500, 600, widths_first},
+      {I16(0) + I16(15001) + I16(2000) + I16(2500) + I16(-9) + "x", design, 500, 600, widths_first},
+      {std::string(70000, '\x7F'), {32639, 32639, 32639, 32639}, 500, 600, widths_first},
   };
   for (const Case& c : cases) {
     Reset();
     temp.Write("X.POS", c.file);
-    views::ReadLayout(dir, "X.POS", window, grid);
+    views::ReadLayout(dir, "X.POS", c.form, window, grid);
     EXPECT_EQ(window.rect(), c.rect);
     EXPECT_EQ(grid.width(0), c.first);
     EXPECT_EQ(grid.width(1), c.second);
@@ -58,6 +68,8 @@ TEST_F(LayoutFile, LeavesTheRecordsOfWhatDoesNotFit) {
   EXPECT_EQ(Written().substr(4, 4), I16(0) + I16(0));
   temp.Write("X.POS", "oooooooowwwwwwtail");
   EXPECT_EQ(Written(), I16(4000) + I16(3000) + "oooo" + I16(500) + I16(600) + "wwtail");
+  temp.Write("X.POS", "xxwwhhwwlltttail");
+  EXPECT_EQ(Written(widths_first), I16(0) + I16(600) + I16(4000) + I16(3000) + "lltttail");
 }
 
 TEST_F(LayoutFile, ColumnFlagsCountOnlyAsTheDigitOne) {
