@@ -43,7 +43,7 @@ void PedirOpciones(Terminal& terminal, bool capitals) {
   std::string messages = "INIMER:.C" + code;
   messages.append(feed::kTerminador).append("INIMER:.P").append(code);
   (void)terminal.Conecta.EnviarTexto(messages);
-  if (capitals) terminal.Opciones.Show();
+  if (capitals && terminal.MDI.FaseCierre == 0) terminal.Opciones.Show();
 }
 
 void PedirPeriodo(Terminal& terminal) {

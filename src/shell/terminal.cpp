@@ -1,5 +1,6 @@
 #include "shell/terminal.h"
 
+#include <span>
 #include <utility>
 
 #include "alarms/evaluate.h"
@@ -34,7 +35,7 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       Operar_Cartera(platform, store, Carteras),
       Detalle(platform, Carteras),
       Ticks(directory_, store),
-      Graficos(platform, store, Ticks),
+      Graficos(platform, store, Ticks, MDI.FaseCierre),
       Hot(context, Ticks),
       resumen_(MDI, store, Carteras, TCartera),
       stop_(*this) {
@@ -135,6 +136,10 @@ void Terminal::JoinColors() {
     std::vector<platform::Grid*> grids;
     for (views::GridView* view : ViewsOf(ventana)) grids.push_back(&view->G);
     return grids;
+  };
+  Colores.steps.Campos = [this](int ventana) -> std::span<const std::string_view> {
+    const auto shown = ViewsOf(ventana);
+    return shown.empty() ? std::span<const std::string_view>{} : shown.front()->Campos();
   };
   Colores.steps.ColoresOn = [this](int ventana) {
     for (views::GridView* view : ViewsOf(ventana)) view->ColoresOn();

@@ -22,9 +22,11 @@ class CommandsTest : public TerminalTest {
  protected:
   CommandsTest() { Start(); }
 
-  void Pick(std::string_view caption) {
+  /// Of all menus, unless one is named.
+  void Pick(std::string_view caption, std::string_view menu_caption = {}) {
     std::vector<platform::MenuItem> items = terminal->MDI.keys;
     for (const auto& menu : terminal->MDI.menu) {
+      if (!menu_caption.empty() && Plain(menu.caption) != menu_caption) continue;
       items.insert(items.end(), menu.items.begin(), menu.items.end());
     }
     const auto item = std::ranges::find(
@@ -62,13 +64,15 @@ TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
     tools += tool.number == 0 ? "-\n" : std::to_string(tool.number) + " " + tool.tip + "\n";
   }
   EXPECT_EQ(menus,
-            "Instrumentos: [Mercado Continuo] - [Opciones MEFF]\n"
+            "Instrumentos: [Mercado Continuo] [Indices] [Futuros] [Divisas] [Estadísticas] -"
+            " [Configuracion] [Opciones MEFF] [Hot]\n"
             "Alarmas: [Alarma por Precio] [Alarma por Volumen] - [Ver Alarmas]\n"
             "Carteras: [Configurar Carteras] [Ver Carteras] - [Estadísticas] - [Negociaciones]\n"
             "Meta Stock: [Definir Tiempo de Refresco]\n"
             "F3 Operar\nF4 Valores en Carteras\n");
   EXPECT_EQ(tools,
-            "24 Mercado Continuo\n66 Opciones MEFF\n-\n"
+            "24 Mercado Continuo\n20 Indices\n21 Futuros\n22 Divisas\n23 Configuracion\n"
+            "66 Opciones MEFF\n-\n"
             "30 Alarma por Precio\n31 Alarma por Volumen\n32 Ver Alarmas\n-\n"
             "40 Configurar Carteras\n41 Ver Carteras\n42 Estadísticas\n80 Negociaciones\n-\n"
             "52 Definir Tiempo de Refresco\n");
@@ -84,20 +88,27 @@ TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
     std::vector<std::function<void()>*> strip;
     platform::Window* window;
     int tipo = 0;
+    const char* menu = "";
   };
   const Case cases[] = {
       {"Mercado Continuo", 24, {&mdi.Command3.on_click}, &t.Continuo},
+      {"Indices", 20, {&mdi.Command4.on_click}, &t.Indices},
+      {"Futuros", 21, {&mdi.Command5.on_click}, &t.Futuros},
+      {"Divisas", 22, {&mdi.Command6.on_click}, &t.Divisas},
+      {"Estadísticas", 0, {}, &t.Estadisticas},
+      {"Configuracion", 23, {}, &t.Colores},
+      {"Hot", 0, {}, &t.Hot},
       {"Alarma por Precio", 30, {}, &t.APrecio, 1},
       {"Alarma por Volumen", 31, {}, &t.APrecio, 4},
       {"Ver Alarmas", 32, {&mdi.Command1.on_click}, &t.ListAlarm},
       {"Configurar Carteras", 40, {}, &t.Cartera},
       {"Ver Carteras", 41, {}, &t.Detalle},
-      {"Estadísticas", 42, {}, &t.Detalle},
+      {"Estadísticas", 42, {}, &t.Detalle, 0, "Carteras"},
       {"Negociaciones", 80, {}, &t.Form2},
       {"Operar", 0, {&mdi.Command2.on_click}, &t.Operar_Cartera},
       {"Valores en Carteras", 0, {&mdi.Label1.on_click, &mdi.Combo1.on_double_click}, &t.TCartera}};
   for (const Case& test : cases) {
-    std::vector<std::function<void()>> ways{[&] { Pick(test.command); }};
+    std::vector<std::function<void()>> ways{[&] { Pick(test.command, test.menu); }};
     if (test.tool != 0) ways.push_back([&] { PressTool(test.tool); });
     for (auto* hook : test.strip) ways.push_back(*hook);
     for (const auto& way : ways) {
@@ -125,6 +136,8 @@ TEST_F(CommandsTest, OptionsAreAskedForInOneWriteAndOnlyInASession) {
     feed().writes.clear();
     by_tool ? PressTool(66) : Pick("Opciones MEFF");
     EXPECT_EQ(outside.boxes.prompts.back(), "Codigo de Opcion, Ejemplo: FIE,TEF,ELE...");
+    EXPECT_EQ(terminal->Opciones.visible(), by_tool);
+    terminal->Opciones.Hide();
     return feed().writes;
   };
   using Writes = std::vector<std::string>;

@@ -61,8 +61,15 @@ TEST_F(StopTest, EndsAtTheThirdTickWhateverIsOpen) {
        [this] {
          LogIn("ALD");
          terminal->MDI.Check2.set_value(1);
-         terminal->Continuo.Show();
-         terminal->Form2.Show();
+         auto& t = *terminal;
+         for (platform::Window* window : std::initializer_list<platform::Window*>{
+                  &t.Continuo, &t.Indices, &t.Estadisticas, &t.Futuros, &t.Divisas, &t.Opciones,
+                  &t.Hot, &t.Colores, &t.Form2}) {
+           window->Show();
+         }
+         t.Graficos.Abrir(1);
+         t.Graficos.at(0).Gr1_Command(charts::Chart::kAjustar);
+         t.Graficos.at(0).Gr1_Command(charts::Chart::kMedia);
          terminal->APrecio.Show();
          terminal->FormAlarm.Show();
          terminal->ListAlarm.Show();

@@ -43,6 +43,38 @@ TEST_F(LiveTerminalTest, ShowsTheMarketThatTheServerSends) {
   EXPECT_GT(terminal->Continuo.G.rows(), 100);
 }
 
+TEST_F(LiveTerminalTest, EveryViewAndChartTakesItsPartOfTheMarket) {
+  Start();
+  auto& t = *terminal;
+  LogIn();
+  t.Hot.Show();
+  Run(22000);
+  outside.boxes.line = "bvl";
+  PressTool(66);
+  Run(3000);
+  t.Graficos.Abrir(t.store.Buscar("I IB"));
+  const charts::Chart& chart = t.Graficos.at(0).Gr1;
+  const std::size_t replayed = chart.Count();
+  Run(20000);
+  const std::tuple<const platform::Window*, const platform::Grid&, int> views[] = {
+      {&t.Indices, t.Indices.G, 10},   {&t.Estadisticas, t.Estadisticas.G, 8},
+      {&t.Futuros, t.Futuros.G, 6},    {&t.Divisas, t.Divisas.G, 9},
+      {&t.Opciones, t.Opciones.G, 20},
+  };
+  for (const auto& [window, grid, rows] : views) {
+    EXPECT_GE(grid.rows() - 1, rows) << window->caption();
+    for (int row = 1; row < grid.rows(); ++row) EXPECT_NE(grid.text(row, 0), "") << row;
+  }
+  EXPECT_GT(replayed, 0U);
+  EXPECT_GT(chart.Count(), replayed);
+  EXPECT_TRUE(t.Graficos.at(0).caption().starts_with("IBEX 35")) << t.Graficos.at(0).caption();
+  EXPECT_GT(dir.Read("Ticks/I IB   .TCK").size(), 16U);
+  for (const platform::Label* figure : {&t.Hot.LSC, &t.Hot.LSV, &t.Hot.Label6, &t.Hot.Label8}) {
+    EXPECT_NE(figure->caption(), "");
+  }
+  EXPECT_GT(t.Hot.Gr1.Count(2), 0U);
+}
+
 TEST_F(TerminalTest, StartsWithTheLoginWindowInFrontOfAnEmptyBoard) {
   dir.Write("Ticks/ALD    .TCK", "ticks of an earlier run");
   Start();

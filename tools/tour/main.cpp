@@ -13,15 +13,24 @@
 
 namespace {
 
-/// The same program once more, on a screen of twice as many dots.
-bool RunFine(const char* program, const QString& directory) {
+const QString kDark = QStringLiteral("oscuro-");
+
+/// The same program once more, with other pictures: on a screen of so many dots to one, or on a
+/// desktop of that palette.
+bool RunAgain(const char* program, const QString& directory, const QString& prefix,
+              const char* dots) {
   QProcess process;
   auto environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+  environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(dots));
   process.setProcessEnvironment(environment);
   process.setProcessChannelMode(QProcess::ForwardedChannels);
-  process.start(QString::fromLocal8Bit(program), {directory, QStringLiteral("hidpi-")});
+  process.start(QString::fromLocal8Bit(program), {directory, prefix});
   return process.waitForFinished(4 * tour::kPatienceMs) && process.exitCode() == 0;
+}
+
+/// What a dark, or a light, desktop gives every program.
+QPalette DesktopPalette(bool dark) {
+  return dark ? QPalette(QColor(0x30, 0x30, 0x30)) : QPalette(QColor(0xf0, 0xf0, 0xf0));
 }
 
 }  // namespace
@@ -30,13 +39,15 @@ int main(int argc, char** argv) {
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
+  const QString directory = application.arguments().value(1),
+                prefix = application.arguments().value(2);
+  QApplication::setPalette(DesktopPalette(prefix == kDark));
   qt::ApplyTheme(application);
-  const QString directory = application.arguments().value(1);
   if (directory.isEmpty() || !QDir().mkpath(directory)) {
     std::fprintf(stderr, "usage: cotirama-tour DIRECTORY\n");
     return 2;
   }
-  if (const QString prefix = application.arguments().value(2); !prefix.isEmpty()) {
+  if (!prefix.isEmpty()) {
     return tour::Tour(directory, prefix).Short() ? 0 : 1;
   }
   bool good = false;
@@ -44,5 +55,6 @@ int main(int argc, char** argv) {
     tour::Tour round(directory, {});
     good = round.Full();
   }
-  return RunFine(argv[0], directory) && good ? 0 : 1;
+  good = RunAgain(argv[0], directory, QStringLiteral("hidpi-"), "2") && good;
+  return RunAgain(argv[0], directory, kDark, "1") && good ? 0 : 1;
 }

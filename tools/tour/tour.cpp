@@ -94,7 +94,9 @@ bool Tour::Full() {
   Tape();
   Alarms();
   Portfolios();
-  Input();
+  MarketViews();
+  Charts();
+  Colors();
   LoseServer();
   SmallScreen();
   Sort();
@@ -108,6 +110,9 @@ bool Tour::Short() {
   Keep(OuterOf(terminal_.MDI), QStringLiteral("principal"));
   Tickets();
   Portfolios();
+  MarketViews();
+  Charts();
+  Colors();
   return good_;
 }
 

@@ -38,12 +38,15 @@ class Tour {
   void Tickets();
   void Tape();
   void Alarms();
+  void MarketViews();
+  void AskForOptions(const QString& code);
+  void Charts();
+  void Colors();
   void Portfolios();
   void MakePortfolios();
   void RecordOperations();
   void Holdings();
   void Operations();
-  void Input();
   void Slide();
   void Sort();
   void LoseServer();
@@ -51,6 +54,8 @@ class Tour {
 
   void Keep(QWidget* widget, const QString& name);
   void KeepScreen(const QString& name);
+  /// Shows it for a moment, and hides it again.
+  void KeepShown(platform::Window& window, const QString& name);
   /// False, with a word on it, when `done` doesn't come true in time.
   bool WaitFor(const char* what, const std::function<bool()>& done);
   void Type(platform::Window& window, platform::TextBox& box, const QString& text);

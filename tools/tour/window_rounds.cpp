@@ -1,11 +1,6 @@
-#include <QApplication>
-#include <QDialog>
-#include <QLineEdit>
-#include <QTimer>
-
 #include "tour.h"
 
-// Tickets, tape, alarms and input boxes.
+// Tickets, tape and alarms.
 namespace tour {
 
 void Tour::OpenTicket(int row) {
@@ -63,21 +58,6 @@ void Tour::Alarms() {
   WaitFor("an alarm", [this] { return terminal_.ListAlarm.visible(); });
   Keep(OuterOf(terminal_.ListAlarm), QStringLiteral("alarmas-disparadas"));
   terminal_.ListAlarm.Command5.Click();
-}
-
-void Tour::Input() {
-  QTimer watch;  // a box stops everything else that this program does
-  QObject::connect(&watch, &QTimer::timeout, &watch, [this, &watch] {
-    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!box) return;
-    watch.stop();
-    box->findChild<QLineEdit*>()->setText(QStringLiteral("BVL"));
-    Keep(box, QStringLiteral("opciones"));
-    box->reject();
-  });
-  watch.start(300);
-  constexpr int kOptions = 66;
-  terminal_.MDI.ActiveBar1.Click({kOptions, {}});
 }
 
 }  // namespace tour
