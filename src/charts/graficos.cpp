@@ -19,21 +19,19 @@ constexpr int kTickMs = 2000;
 
 constexpr int kDecimals = 2, kDecimalsOfCurrencies = 3;
 
-void AppendGap(std::string& text, std::size_t blanks) { text.append(blanks, ' '); }
-
 void AppendCaption(std::string& text, const store::Instrumento& record) {
   using namespace base::masks;
   views::AppendName(text, record.Nombre);
-  AppendGap(text, 4);
+  text.append(4, ' ');
   kMoney.Append(text, record.Ultimo);
-  AppendGap(text, 5);
+  text.append(5, ' ');
   kShortPercent.Append(text, store::Variacion(record));
   text += '%';
-  AppendGap(text, 6);
+  text.append(6, ' ');
   kMoney.Append(text, record.Maximo);
-  AppendGap(text, 5);
+  text.append(5, ' ');
   kMoney.Append(text, record.Minimo);
-  AppendGap(text, 5);
+  text.append(5, ' ');
   kCount.Append(text, record.Volumen);
 }
 

@@ -14,10 +14,11 @@
 
 namespace charts {
 
-/// A chart of one instrument: what the run has seen of it, then every quote. Bound to it by its
-/// tag, "G:" and the code. The size with which it comes up is that of its chart; a later change of
+/// A chart of one instrument: what the run has seen of it, then every quote. Its tag
+/// is "G:" and the code. The size with which it comes up is that of its chart; a later change of
 /// it reaches the chart two to four seconds after the last one, and until then the chart is out of
-/// sight. What the constructor takes outlives it.
+/// sight (the screen lets the chart and its bar fill the window then). What the constructor takes
+/// outlives it.
 class Graficos : public platform::Window {
  public:
   Graficos(platform::Platform& platform, const store::InstrumentStore& store,
@@ -26,7 +27,7 @@ class Graficos : public platform::Window {
   Chart Gr1;
   platform::Timer Timer1;
 
-  std::int16_t ChartMargin = 0;     // not 0 while the bar of the chart takes room below it
+  std::int16_t ChartMargin = 0;     // not 0 where the chart leaves room for its bar below
   std::int16_t ResizePending = 0;   // 1 after a change of size, 2 a tick later
   std::int16_t InternalResize = 0;  // 1 while the window changes its own size
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,8 +69,8 @@ class Dialogs {
   virtual bool Ask(std::string_view text) = 0;
   /// A line that the user types; "" when he gives up.
   virtual std::string Input(std::string_view text) = 0;
-  /// A colour, out of a box that begins with `current`; `current` itself when the user gives up.
-  virtual base::Color Color(base::Color current) = 0;
+  /// A colour, out of a box that begins with `current`; none when the user gives up.
+  virtual std::optional<base::Color> Color(base::Color current) = 0;
   /// The program ends: open boxes close as if the user had given up, later ones don't open.
   virtual void Dismiss() = 0;
 };

@@ -100,13 +100,11 @@ void Terminal::JoinViews() {
 void Terminal::JoinCharts() {
   pipeline.steps.graficos = [this](std::int16_t slot) { Graficos.GraficosVivo(slot); };
   pipeline.steps.ticks = [this](std::int16_t slot) { Ticks.TickAppend(slot); };
-  pipeline.steps.resumen = [this](std::int16_t slot) {
+  pipeline.steps.hot = [this](std::int16_t slot) {
     if (Hot.loaded()) Hot.ActuaHot(slot);
   };
-  for (views::GridView* view :
-       {static_cast<views::GridView*>(&Continuo), static_cast<views::GridView*>(&Indices),
-        static_cast<views::GridView*>(&Estadisticas), static_cast<views::GridView*>(&TCartera),
-        static_cast<views::GridView*>(&Hot)}) {
+  for (views::GridView* view : std::initializer_list<views::GridView*>{
+           &Continuo, &Indices, &Estadisticas, &TCartera, &Hot}) {
     view->graficos = {.Abrir = [this](std::int16_t slot) { Graficos.Abrir(slot); },
                       .Pedir = [this] { return Graficos.Pedir(); }};
   }

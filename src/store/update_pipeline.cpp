@@ -41,7 +41,7 @@ void UpdatePipeline::Refrescar(std::int16_t slot, bool carga) {
   if (!carga) Run(steps.graficos, slot);
   Run(steps.ticks, slot);
   if (!carga) Run(steps.cartera, slot);
-  Run(steps.resumen, slot);
+  Run(steps.hot, slot);
   Vista(slot, carga);
 }
 

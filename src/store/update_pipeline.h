@@ -16,7 +16,7 @@ class UpdatePipeline {
  public:
   using Step = std::function<void(std::int16_t slot)>;
   struct Steps {
-    Step tickets, alarmas, barras, graficos, ticks, cartera, resumen;
+    Step tickets, alarmas, barras, graficos, ticks, cartera, hot;
   };
   /// Row updates of the views by market class.
   struct Views {

@@ -146,6 +146,18 @@ ColorRecord ColorRecord::Default(int number) {
   return record;
 }
 
+void ColorRecord::TakeColors(const ColorRecord& other) {
+  ColorSubeTexto = other.ColorSubeTexto;
+  ColorBajaTexto = other.ColorBajaTexto;
+  ColorNormalTexto = other.ColorNormalTexto;
+  ColorSubeFondo = other.ColorSubeFondo;
+  ColorBajaFondo = other.ColorBajaFondo;
+  ColorRepiteFondo = other.ColorRepiteFondo;
+  ColorMovSube = other.ColorMovSube;
+  ColorMovBaja = other.ColorMovBaja;
+  ColorMovRepite = other.ColorMovRepite;
+}
+
 ColorRecord ColorRecord::Decode(std::string_view record) {
   ColorRecord colors;
   std::copy_n(record.begin(), std::min(record.size(), kSize), colors.bytes_.begin());
@@ -167,8 +179,9 @@ ColorRecord ReadColorRecord(const base::ProgramDir& dir, int number, bool write_
   if (write_first && file.is_open() && file.length() == 0) file.Write(number, standard.Encode());
   std::string bytes;
   if (!file.Read(number, bytes)) return standard;
-  const ColorRecord record = ColorRecord::Decode(bytes);
-  return record.blank() ? standard : record;
+  ColorRecord record = ColorRecord::Decode(bytes);
+  if (record.blank()) record.TakeColors(standard);
+  return record;
 }
 
 void WriteColorRecord(const base::ProgramDir& dir, int number, const ColorRecord& record) {

@@ -63,6 +63,8 @@ struct ColorRecord {
   [[nodiscard]] static ColorRecord Default(int number);
   /// Falling text that can't be told from its back: nothing has been chosen here.
   [[nodiscard]] bool blank() const { return ColorBajaTexto == ColorBajaFondo; }
+  /// The colours of another; the rest stays.
+  void TakeColors(const ColorRecord& other);
 
   [[nodiscard]] static ColorRecord Decode(std::string_view record);
   [[nodiscard]] std::string Encode() const;

@@ -136,7 +136,7 @@ void Colores::WriteFlags() const {
 
 void Colores::ShowCampos() {
   if (!steps.Campos) return;
-  // All columns of the currencies are always there; their boxes go by the nearest names.
+  // All columns of the currencies are always there: their boxes bear the headings of the futures.
   const auto campos = steps.Campos(ventana() == kCurrencies ? kFutures : ventana());
   for (std::size_t k = 0; k < std::min(campos.size(), Check1.size()); ++k) {
     Check1[k].set_caption(campos[k]);
@@ -198,12 +198,10 @@ void Colores::Label_Click(platform::Label& label) {
   const auto is_its = [&](const Muestra& muestra) { return &(this->*muestra.label) == &label; };
   const auto muestra = std::ranges::find_if(kMuestras, is_its);
   if (muestra == kMuestras.end()) return;
-  const base::Color current = ColorOf(*muestra);
-  const base::Color picked = platform().dialogs().Color(current);
-  // Given up: the two fields of a label may differ, and then stay so.
-  if (picked == current) return;
-  if (muestra->ventana) config().*muestra->ventana = picked;
-  if (muestra->registro) registro().*muestra->registro = picked;
+  const auto picked = platform().dialogs().Color(ColorOf(*muestra));
+  if (!picked) return;
+  if (muestra->ventana) config().*muestra->ventana = *picked;
+  if (muestra->registro) registro().*muestra->registro = *picked;
   ShowColors();
   WriteConfigVentana(dir_, config_);
 }
@@ -237,7 +235,8 @@ void Colores::Command1_Click() {
   WriteFlags();
   WriteColorRecord(dir_, ventana(), registro());
   ReadConfigVentana(dir_, config_);
-  ShowSettings();  // as the files hold them
+  registro() = ReadColorRecord(dir_, ventana());
+  ShowSettings();  // as the views will read them
   if (steps.OcultarConecta) steps.OcultarConecta();
   if (steps.ColoresOn) steps.ColoresOn(ventana());
 }

@@ -19,7 +19,7 @@ constexpr ColumnTable kTable{
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Futuros",
-    .rect = {1200, 1200, 14400, 4500},
+    .rect = {1200, 1200, 17670, 4500},
     .columns = kTable,
     .cam = "FU.CAM",
     .pos = "FU.POS",

@@ -18,7 +18,7 @@ inline constexpr std::array kPriceColumns{
 };
 inline constexpr Columna kVolumen{"Volumen", Campo::Volumen, 1335};
 inline constexpr Columna kEfectivo{"Efectivo", Campo::Efectivo, 1560};
-inline constexpr Columna kPonderado{"Ponderado", Campo::Medio, 1110};
+inline constexpr Columna kPonderado{"Ponderado", Campo::Medio, 1290};
 inline constexpr Columna kSaldos{"Saldos", Campo::Saldo, 1560};
 inline constexpr Columna kHora{"Hora", Campo::Hora, 1110};
 inline constexpr Columna kFecha{"Fecha", Campo::Fecha, 1335};

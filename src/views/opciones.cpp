@@ -16,7 +16,7 @@ constexpr ColumnTable kTable{
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Opciones",
-    .rect = {1800, 1800, 14400, 6000},
+    .rect = {1800, 1800, 17670, 6000},
     .columns = kTable,
     .cam = "",
     .pos = "FU.POS",

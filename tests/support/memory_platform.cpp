@@ -22,10 +22,10 @@ std::string FakeDialogs::Input(std::string_view text) {
   return dismissed ? std::string() : line;
 }
 
-base::Color FakeDialogs::Color(base::Color current) {
+std::optional<base::Color> FakeDialogs::Color(base::Color current) {
   colors.push_back(current);
   StayOpen();
-  return dismissed ? current : color.value_or(current);
+  return dismissed ? std::nullopt : color;
 }
 
 void FakeDialogs::StayOpen() {

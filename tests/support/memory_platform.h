@@ -34,7 +34,7 @@ class FakeDialogs : public platform::Dialogs {
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
   std::string Input(std::string_view text) override;
-  base::Color Color(base::Color current) override;
+  std::optional<base::Color> Color(base::Color current) override;
   void Dismiss() override { dismissed = true; }
 
  private:

@@ -168,7 +168,7 @@ TEST_F(MarketViews, KeepTheirLayoutByPlaceOfTheColumns) {
   Reopen();
   EXPECT_TRUE(all[kDivisas]->rect().left == -20 && all[kDivisas]->G.width(8) == 800);
   EXPECT_EQ(all[kFuturos]->G.width(5), 500);
-  EXPECT_EQ(all[kFuturos]->rect().width, 14400) << "widths that make no place of a window";
+  EXPECT_EQ(all[kFuturos]->rect().width, 17670) << "widths that make no place of a window";
   all[kFuturos]->set_rect({-20, 30, 6000, 4500});
   all[kFuturos]->Command4_Click();
   Reopen();
