@@ -3,7 +3,9 @@
 #include <utility>
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 
+#include "qt/look/chart_widget.h"
 #include "qt/look/combo_bond.h"
 #include "qt/look/grid_widget.h"
 #include "qt/look/list_widget.h"
@@ -52,6 +54,27 @@ void ShowColors(QLineEdit& widget, const QColor& ink, const QColor& ground) {
   colors.setColor(QPalette::Base, ground);
   widget.setPalette(colors);
 }
+
+/// Gives Enter to a box that wants it, before the dialog takes it for its default button.
+class EnterWatch : public QObject {
+ public:
+  EnterWatch(platform::TextBox& box, QLineEdit& widget, QObject* parent)
+      : QObject(parent), box_(box) {
+    widget.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress || !box_.on_enter) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+    box_.on_enter();
+    return true;
+  }
+
+ private:
+  platform::TextBox& box_;
+};
 
 }  // namespace
 
@@ -127,6 +150,7 @@ void Binders::Bind(platform::TextBox& box, QLineEdit& widget, Colors colors) {
   });
   QObject::connect(&widget, &QLineEdit::textEdited, &context_,
                    [&box](const QString& text) { box.set_text(text.toStdString()); });
+  new EnterWatch(box, widget, &context_);
 }
 
 void Binders::Bind(platform::ComboBox& box, QComboBox& widget) {
@@ -206,6 +230,11 @@ void Binders::Bind(platform::Grid& grid, GridWidget& widget) {
     if (widget.isHidden() == grid.visible()) widget.setVisible(grid.visible());
     widget.Refresh();
   });
+  drops_.push_back([&widget] { widget.Drop(); });
+}
+
+void Binders::Bind(charts::Chart& chart, ChartWidget& widget) {
+  Follow(chart, widget, [&widget] { widget.Refresh(); });
   drops_.push_back([&widget] { widget.Drop(); });
 }
 

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "charts/chart.h"
 #include "platform/control.h"
 #include "platform/controls.h"
 #include "platform/grid.h"
@@ -20,6 +21,7 @@
 
 namespace qt {
 
+class ChartWidget;
 class GridWidget;
 class LabelWidget;
 class ListWidget;
@@ -41,7 +43,8 @@ class Binders {
   /// Whether a label or field takes the colours of its model or those of the theme.
   enum class Colors { model, theme };
   void Bind(platform::Label& label, LabelWidget& widget, Colors colors = Colors::model);
-  /// A locked box is read only: it takes the focus and can be copied from.
+  /// A locked box is read only: it takes the focus and can be copied from. Enter goes to a box that
+  /// has a hook for it, else to the dialog.
   void Bind(platform::TextBox& box, QLineEdit& widget, Colors colors = Colors::theme);
   /// Makes `widget` an editable box that chooses, completes and inserts nothing by itself, and
   /// leaves the wheel to what it stands on. Its width is that of 12 characters, unless another
@@ -55,6 +58,8 @@ class Binders {
   void Bind(platform::PictureBox& picture, PictureWidget& widget);
   void Bind(platform::Ticker& ticker, TickerWidget& widget);
   void Bind(platform::Grid& grid, GridWidget& widget);
+  /// The widget stays where it is, whatever the place of the chart, and while that is out of sight.
+  void Bind(charts::Chart& chart, ChartWidget& widget);
   /// A panel that other controls stand on.
   void BindPanel(platform::Control& panel, QWidget& widget);
   /// Runs `show` with the frame after each change of `model`, and once now.

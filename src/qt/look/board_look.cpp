@@ -8,7 +8,6 @@
 #include <QResizeEvent>
 #include <QShortcut>
 
-#include "qt/look/binders.h"
 #include "qt/look/grid_widget.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
@@ -18,18 +17,24 @@
 namespace qt {
 namespace {
 
-/// The bar stands where the model says, and the grid takes all that the bar leaves.
+/// The bar stands where the model says, and the rest takes all that the bar leaves.
 class Board : public QWidget {
  public:
   explicit Board(views::GridView& view)
-      : bar_(new QWidget(this)), grid_(new GridWidget(view.G, this)) {
+      : bar_(new QWidget(this)), grid_(new GridWidget(view.G, this)), rest_(grid_) {
     bar_->setAutoFillBackground(true);
     setTabOrder(grid_, bar_);
   }
 
-  void PlaceBar(const platform::Rect& rect) {
-    bar_top_ = ToPixels(rect.top);
-    bar_height_ = ToPixels(rect.height);
+  /// `rest`, which holds the grid, stands in its place.
+  void Surround(QWidget* rest) {
+    rest_ = rest;
+    rest_->setParent(this);
+    setTabOrder(grid_, bar_);
+  }
+  void PlaceBar(const platform::PictureBox& bar) {
+    bar_top_ = ToPixels(bar.rect().top);
+    bar_height_ = bar.visible() ? ToPixels(bar.rect().height) : 0;
     Place();
   }
   [[nodiscard]] QWidget& bar() const { return *bar_; }
@@ -37,6 +42,10 @@ class Board : public QWidget {
 
  protected:
   void resizeEvent(QResizeEvent*) override { Place(); }
+  // The area gives the keyboard to what stands first.
+  void showEvent(QShowEvent*) override {
+    if (isAncestorOf(window()->focusWidget())) grid_->setFocus();
+  }
 
  private:
   void Place() {
@@ -45,11 +54,12 @@ class Board : public QWidget {
     if (seen == 0 && bar_->isAncestorOf(focusWidget())) grid_->setFocus();
     bar_->setVisible(seen > 0);
     bar_->setGeometry(0, bar_top_, width(), bar_height_);
-    grid_->setGeometry(0, seen, width(), height() - seen);
+    rest_->setGeometry(0, seen, width(), height() - seen);
   }
 
   QWidget* bar_;
   GridWidget* grid_;
+  QWidget* rest_;
   int bar_top_ = 0, bar_height_ = 0;
 };
 
@@ -59,8 +69,8 @@ struct Command {
   QKeySequence key;
 };
 
-std::vector<Command> CommandsOf(views::GridView& view) {
-  return {{&view.Command4, QKeySequence::Save},
+std::vector<Command> CommandsOf(views::GridView& view, const QKeySequence& first_key) {
+  return {{&view.Command4, first_key},
           {&view.Command3, QKeySequence::Copy},
           {&view.Command2, QKeySequence::Print},
           {&view.Command1, Qt::CTRL | Qt::Key_G}};
@@ -77,8 +87,9 @@ void FillMenu(QMenu& menu, const std::vector<Command>& commands, const QObject* 
   }
 }
 
-void JoinCommands(views::GridView& view, Board& board, Binders& binders) {
-  const auto commands = CommandsOf(view);
+void JoinCommands(views::GridView& view, const QKeySequence& first_key, Board& board,
+                  Binders& binders) {
+  const auto commands = CommandsOf(view, first_key);
   for (const Command& command : commands) {
     auto* button = new QPushButton(&board.bar());
     button->setAutoDefault(false);
@@ -103,17 +114,21 @@ void JoinName(views::GridView& view, Board& board, Binders& binders) {
   binders.Bind(view.Label1, *name, Binders::Colors::theme);
 }
 
-Look MakeLook(views::GridView& view, FrameClock& clock, const QString& empty_text) {
+}  // namespace
+
+Look MakeBoardLook(views::GridView& view, FrameClock& clock, const BoardDesign& design) {
   auto* board = new Board(view);
   board->setMinimumSize(320, 160);
-  board->grid().set_empty_text(empty_text);
+  board->grid().set_empty_text(design.empty_text);
   auto binders = std::make_shared<Binders>(*board, clock);
-  JoinCommands(view, *board, *binders);
-  JoinName(view, *board, *binders);
+  if (design.surround) board->Surround(design.surround(board->grid(), *binders));
+  if (view.Picture1.visible()) {
+    JoinCommands(view, design.first_key, *board, *binders);
+    JoinName(view, *board, *binders);
+  }
   binders->Bind(view.G, board->grid());
   board->grid().setAccessibleName(Text(view.caption()));
-  binders->Follow(view.Picture1, board->bar(),
-                  [&view, board] { board->PlaceBar(view.Picture1.rect()); });
+  binders->Follow(view.Picture1, board->bar(), [&view, board] { board->PlaceBar(view.Picture1); });
   board->setFocusProxy(&board->grid());
   return {.widget = board,
           .place = Place::child,
@@ -122,16 +137,6 @@ Look MakeLook(views::GridView& view, FrameClock& clock, const QString& empty_tex
             return &control == &view.Command5 ? &board->grid() : b->WidgetOf(control);
           },
           .bond = binders};
-}
-
-}  // namespace
-
-Look MakeBoardLook(views::GridView& view, FrameClock& clock) {
-  return MakeLook(view, clock, QStringLiteral("Sin instrumentos todavía"));
-}
-
-Look MakeHoldingsLook(portfolios::TCartera& view, FrameClock& clock) {
-  return MakeLook(view, clock, QStringLiteral("Sin valores en cartera"));
 }
 
 }  // namespace qt

@@ -1,6 +1,8 @@
 #include "qt/look/grid_delegate.h"
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "qt/look/ink.h"
 #include "qt/look/text.h"
@@ -12,28 +14,45 @@ namespace {
 // Sizes are those of a time of coarse screens, on which the standard size 7 was read well; it is
 // shown at the size of the rest of the program.
 constexpr double kPointsPerSize = 10.0 / 7.0;
+constexpr double kLeastPoints = 6;  // what can still be read
 
 QFont FontFor(const platform::Grid& grid, QFont::Weight weight) {
-  QFont font = FontOf(static_cast<double>(grid.font_size()) * kPointsPerSize, weight);
+  const double points = static_cast<double>(grid.font_size()) * kPointsPerSize;
+  QFont font = FontOf(std::max(points, kLeastPoints), weight);
   const QString name = Text(grid.font_name()).trimmed();
   if (!name.isEmpty()) font.setFamilies(QStringList{name} + font.families());
   return font;
 }
 
-/// What a line style draws: at the right of a cell, at its foot, and how.
+/// One of the thin lines that a style is made of: dots from the edge of the cell, and its opacity.
+struct Stroke {
+  int inward, strength;
+};
+
+constexpr Stroke kFine[] = {{0, 34}};
+constexpr Stroke kDouble[] = {{0, 60}, {2, 60}};
+constexpr Stroke kRaised[] = {{0, 30}, {1, 130}, {2, 30}};
+constexpr Stroke kDots[] = {{0, 120}};
+constexpr Stroke kStrong[] = {{0, 120}, {1, 120}};
+
+/// What a line style draws at the right of a cell and at its foot.
 struct Lines {
   bool right, foot;
-  enum class Kind { flat, inset, raised, dotted, strong } kind;
+  std::span<const Stroke> strokes;
 };
 
 constexpr Lines kStyles[] = {
-    {false, false, Lines::Kind::flat},  {true, true, Lines::Kind::flat},
-    {true, true, Lines::Kind::inset},   {true, true, Lines::Kind::raised},
-    {false, true, Lines::Kind::flat},   {false, true, Lines::Kind::inset},
-    {false, true, Lines::Kind::raised}, {true, false, Lines::Kind::flat},
-    {true, false, Lines::Kind::inset},  {true, false, Lines::Kind::raised},
-    {true, true, Lines::Kind::dotted},  {true, true, Lines::Kind::strong},
+    {false, false, {}},     {true, true, kFine},    {true, true, kDouble},  {true, true, kRaised},
+    {false, true, kFine},   {false, true, kDouble}, {false, true, kRaised}, {true, false, kFine},
+    {true, false, kDouble}, {true, false, kRaised}, {true, true, kDots},    {true, true, kStrong},
 };
+
+void DrawDots(QPainter& painter, const QRect& line, const QColor& color) {
+  QPen pen(color, 1, Qt::CustomDashLine, Qt::FlatCap);
+  pen.setDashPattern({1, 2});
+  painter.setPen(pen);
+  painter.drawLine(line.topLeft(), line.bottomRight());
+}
 
 }  // namespace
 
@@ -80,21 +99,16 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 void GridDelegate::DrawLines(QPainter& painter, const QRect& cell, const QColor& back) const {
   const Lines& lines = kStyles[grid_.grid_lines()];
-  if (!lines.right && !lines.foot) return;
+  const bool dotted = lines.strokes.data() == kDots;
   const bool dark = back.lightness() < 128;
-  int strength = dark ? 34 : 30;
-  if (lines.kind == Lines::Kind::strong) strength = 90;
-  const bool light = dark != (lines.kind == Lines::Kind::inset);
-  const QColor color = light ? QColor(255, 255, 255, strength) : QColor(0, 0, 0, strength * 2);
-  if (lines.kind == Lines::Kind::dotted) {
-    painter.setPen(QPen(color, 1, Qt::DotLine));
-    painter.drawLine(cell.topRight(), cell.bottomRight());
-    painter.drawLine(cell.bottomLeft(), cell.bottomRight());
-    return;
-  }
-  if (lines.foot) painter.fillRect(cell.left(), cell.bottom(), cell.width(), 1, color);
-  if (lines.right) {
-    painter.fillRect(cell.right(), cell.top(), 1, cell.height() - (lines.foot ? 1 : 0), color);
+  for (const auto& [inward, strength] : lines.strokes) {
+    const QColor color = dark ? QColor(255, 255, 255, strength) : QColor(0, 0, 0, strength * 3 / 2);
+    const auto draw = [&](const QRect& line) {
+      dotted ? DrawDots(painter, line, color) : painter.fillRect(line, color);
+    };
+    const int foot = lines.foot ? inward + 1 : 0;
+    if (lines.foot) draw({cell.left(), cell.bottom() - inward, cell.width(), 1});
+    if (lines.right) draw({cell.right() - inward, cell.top(), 1, cell.height() - foot});
   }
 }
 

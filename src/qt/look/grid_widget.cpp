@@ -19,6 +19,7 @@ namespace qt {
 namespace {
 
 constexpr std::chrono::milliseconds kHold{500};
+constexpr double kLargestHeading = 16;  // points; above it stand rows of any size
 
 }  // namespace
 
@@ -149,6 +150,7 @@ void GridWidget::FollowLook() {
   }
   QFont heading = delegate_->font();
   heading.setWeight(QFont::Medium);
+  heading.setPointSizeF(std::min(heading.pointSizeF(), kLargestHeading));
   if (header_->font() != heading) header_->setFont(heading);
   QPalette ground = viewport()->palette();
   const QColor back = ColorOf(grid_->back_color());

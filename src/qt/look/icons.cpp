@@ -144,6 +144,63 @@ void Operate(QPainter& painter) {
   VerticalArrow(painter, {16.7, 4}, 15.5, 4);
 }
 
+/// One line over the levels that it is measured by.
+void Indices(QPainter& painter) {
+  painter.setPen(Line(tone::kMuted, 1.2));
+  for (const double level : {5.0, 12.0, 19.0}) {
+    painter.drawLine(QPointF(2.5, level), QPointF(21.5, level));
+  }
+  painter.setPen(Line(tone::kGood, 2.3));
+  painter.drawPolyline(QPolygonF({{3.5, 16.5}, {8.5, 9.5}, {12.8, 14}, {19.5, 5}}));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(tone::kGood);
+  painter.drawEllipse(QPointF(19.8, 4.8), 2.2, 2.2);
+}
+
+/// A sheet of a calendar, and on to the day that counts.
+void Futures(QPainter& painter) {
+  painter.setPen(Line(tone::kText, 1.6));
+  painter.drawRoundedRect(QRectF(3, 4.5, 18, 16), 2, 2);
+  painter.drawLine(QPointF(3, 9.5), QPointF(21, 9.5));
+  painter.drawLine(QPointF(8, 2.8), QPointF(8, 6));
+  painter.drawLine(QPointF(16, 2.8), QPointF(16, 6));
+  painter.setPen(Line(tone::kBusy, 2.2));
+  painter.drawLine(QPointF(7, 15), QPointF(16.5, 15));
+  painter.drawPolyline(QPolygonF({{13.8, 12}, {17, 15}, {13.8, 18}}));
+}
+
+void Currencies(QPainter& painter) {
+  painter.setPen(Line(tone::kAlert, 1.7));
+  painter.drawEllipse(QPointF(12, 12), 9.5, 9.5);
+  painter.setPen(Line(tone::kAlert, 1.9));
+  painter.drawArc(QRectF(8.6, 7, 10, 10), 52 * 16, 256 * 16);
+  painter.drawLine(QPointF(6.4, 10.6), QPointF(13.2, 10.6));
+  painter.drawLine(QPointF(6.4, 13.6), QPointF(12.6, 13.6));
+}
+
+/// What a painter mixes his colours on.
+void Colors(QPainter& painter) {
+  QPainterPath board(QPointF(12, 2.8));
+  board.cubicTo(6.5, 2.8, 2.5, 7, 2.5, 12);
+  board.cubicTo(2.5, 17.2, 6.8, 21.2, 11.6, 21.2);
+  board.cubicTo(13.6, 21.2, 14.4, 19.8, 13.7, 18.2);
+  board.cubicTo(12.8, 16, 13.8, 14.6, 16, 14.6);
+  board.lineTo(18.4, 14.6);
+  board.cubicTo(20.4, 14.6, 21.5, 13.2, 21.5, 11.2);
+  board.cubicTo(21.5, 6.2, 17.2, 2.8, 12, 2.8);
+  painter.setPen(Line(tone::kText, 1.6));
+  painter.drawPath(board);
+  painter.setPen(Qt::NoPen);
+  const auto dab = [&painter](const QColor& color, double x, double y) {
+    painter.setBrush(color);
+    painter.drawEllipse(QPointF(x, y), 1.9, 1.9);
+  };
+  dab(tone::kBad, 6.7, 12.6);
+  dab(tone::kAlert, 8.4, 7.7);
+  dab(tone::kGood, 13.2, 6.4);
+  dab(tone::kBusy, 17.4, 9.6);
+}
+
 class DrawnIcon : public QIconEngine {
  public:
   explicit DrawnIcon(Icon icon) : icon_(icon) {}
@@ -193,9 +250,13 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
       case Icon::operate:
         return Operate(p);
       case Icon::indices:
+        return Indices(p);
       case Icon::futures:
+        return Futures(p);
       case Icon::currencies:
+        return Currencies(p);
       case Icon::colors:
+        return Colors(p);
       case Icon::none:
         return;
     }

@@ -1,8 +1,12 @@
 #include "qt/look/register.h"
 
 #include "feed/conecta.h"
+#include "portfolios/t_cartera.h"
 #include "qt/look/alarm_looks.h"
 #include "qt/look/board_look.h"
+#include "qt/look/chart_looks.h"
+#include "qt/look/colores_look.h"
+#include "qt/look/hot_look.h"
 #include "qt/look/login_look.h"
 #include "qt/look/main_look.h"
 #include "qt/look/portfolio_looks.h"
@@ -16,17 +20,31 @@
 #include "views/opciones.h"
 
 namespace qt {
+namespace {
+
+template <typename View>
+void AddBoard(Looks& looks, const char* empty_text) {
+  looks.Add<View>([empty_text](View& view, FrameClock& clock) {
+    return MakeBoardLook(view, clock, {.empty_text = QString::fromUtf8(empty_text)});
+  });
+}
+
+}  // namespace
 
 void RegisterLooks(Looks& looks) {
   looks.Add<shell::MDI>(MakeMainLook);
   looks.Add<feed::Conecta>(MakeLoginLook);
-  looks.Add<views::Continuo>(MakeBoardLook);
-  looks.Add<views::Indices>(MakeBoardLook);
-  looks.Add<views::Estadisticas>(MakeBoardLook);
-  looks.Add<views::Futuros>(MakeBoardLook);
-  looks.Add<views::Divisas>(MakeBoardLook);
-  looks.Add<views::Opciones>(MakeBoardLook);
-  looks.Add<portfolios::TCartera>(MakeHoldingsLook);
+  AddBoard<views::Continuo>(looks, "Sin instrumentos todavía");
+  AddBoard<views::Indices>(looks, "Sin índices todavía");
+  AddBoard<views::Estadisticas>(looks, "Sin estadísticas todavía");
+  AddBoard<views::Futuros>(looks, "Sin futuros todavía");
+  AddBoard<views::Divisas>(looks, "Sin divisas todavía");
+  AddBoard<views::Opciones>(looks, "Sin opciones todavía: Instrumentos, Opciones MEFF");
+  AddBoard<portfolios::TCartera>(looks, "Sin valores en cartera");
+  looks.Add<charts::Hot>(MakeHotLook);
+  looks.Add<charts::Graficos>(MakeChartLook);
+  looks.Add<charts::Medias>(MakeAverageLook);
+  looks.Add<views::Colores>(MakeColoresLook);
   looks.Add<views::Ticker2>(MakeTicketLook);
   looks.Add<views::Form2>(MakeTapeLook);
   looks.Add<alarms::APrecio>(MakeAlarmLook);

@@ -56,6 +56,11 @@ void LabelWidget::set_colors(const QColor& ink, const QColor& ground) {
   update();
 }
 
+void LabelWidget::set_edge(const QColor& edge) {
+  edge_ = edge;
+  update();
+}
+
 void LabelWidget::set_blank_mark(const QString& mark) {
   blank_mark_ = mark;
   update();
@@ -80,7 +85,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     painter.setBrush(ground_);
     painter.drawRoundedRect(rect(), kRadius, kRadius);
   }
-  if (pressable_ && hasFocus()) DrawRounded(painter, rect(), Qt::transparent, tone::kAccent);
+  DrawEdge(painter);
   const bool blank = text().trimmed().isEmpty();
   const QString shown = blank ? blank_mark_ : text();
   if (shown.isEmpty()) return;
@@ -92,8 +97,22 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     return DrawLaid(painter);
   }
   const QColor plain = ink_.isValid() ? ink_ : palette().color(foregroundRole());
-  const QColor ink = Lit() ? tone::kAccent : plain;
+  const QColor ink = Lit() && !edge_.isValid() ? tone::kAccent : plain;
   DrawReadable(painter, ink, ground, [&] { DrawLaid(painter); });
+}
+
+void LabelWidget::DrawEdge(QPainter& painter) const {
+  const bool focus = pressable_ && hasFocus();
+  const auto draw = [&](double inward, const QColor& line) {
+    DrawRounded(painter, QRectF(rect()).adjusted(inward, inward, -inward, -inward), Qt::transparent,
+                line, kRadius - inward);
+  };
+  if (!edge_.isValid()) return focus ? draw(0, tone::kAccent) : void();
+  draw(0, focus || Lit() ? tone::kAccent : edge_);
+  if (!focus) return;
+  // Told from a ground of any colour.
+  draw(1, tone::kAccent);
+  draw(2, tone::kWindow);
 }
 
 // Narrower rather than cut: half a number is another number.

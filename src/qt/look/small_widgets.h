@@ -20,6 +20,9 @@ class LabelWidget : public QLabel {
   void ShowText(const QString& text);
   /// By default the ink of the palette on no ground.
   void set_colors(const QColor& ink, const QColor& ground);
+  /// A line around the ground. Being about to be pressed, and the keyboard, then show on it, and
+  /// leave the colours of the text alone.
+  void set_edge(const QColor& edge);
   /// What stands, quietly, in the place of a text that is empty or all blanks. None by default.
   void set_blank_mark(const QString& mark);
   /// Whether it works as a link: by the keyboard as well, and told as one. To be set before it is
@@ -41,9 +44,10 @@ class LabelWidget : public QLabel {
 
   /// Whether the mouse is on it and would press it.
   [[nodiscard]] bool Lit() const;
+  void DrawEdge(QPainter& painter) const;
   void DrawLaid(QPainter& painter) const;
 
-  QColor ink_, ground_;  // invalid: not set
+  QColor ink_, ground_, edge_;  // invalid: not set
   bool pressable_ = false;
   QString blank_mark_;
   QStaticText laid_;  // what was last drawn

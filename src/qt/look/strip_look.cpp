@@ -178,6 +178,20 @@ QComboBox* MakeSelector(platform::ComboBox& box, Binders& binders, QWidget* pare
   return widget;
 }
 
+QLayout* MakeWindowButtons(shell::MDI& mdi, Binders& binders, QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kNearGap);
+  const auto add = [&](platform::Button& button, platform::Icon icon) {
+    row->addWidget(MakeButton(button, icon, binders, parent));
+  };
+  add(mdi.Command3, platform::Icon::board);
+  add(mdi.Command4, platform::Icon::indices);
+  add(mdi.Command5, platform::Icon::futures);
+  add(mdi.Command6, platform::Icon::currencies);
+  add(mdi.Command1, platform::Icon::alarms);
+  return row;
+}
+
 void AddPortfolio(shell::MDI& mdi, Binders& binders, Strip& strip) {
   QHBoxLayout& row = strip.first();
   row.addWidget(MakeButton(mdi.Command2, platform::Icon::operate, binders, &strip));
@@ -211,11 +225,7 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   first.addStretch();
 
   QHBoxLayout& second = strip->second();
-  second.addWidget(MakeButton(mdi.Command3, platform::Icon::board, binders, strip));
-  second.addWidget(MakeButton(mdi.Command4, platform::Icon::indices, binders, strip));
-  second.addWidget(MakeButton(mdi.Command5, platform::Icon::futures, binders, strip));
-  second.addWidget(MakeButton(mdi.Command6, platform::Icon::currencies, binders, strip));
-  second.addWidget(MakeButton(mdi.Command1, platform::Icon::alarms, binders, strip));
+  second.addLayout(MakeWindowButtons(mdi, binders, strip));
   second.addWidget(MakeStatusTicker(mdi, binders, strip), 1);
   second.addWidget(MakeCheck(mdi.Check1, binders, strip));
   second.addWidget(MakeCheck(mdi.Check2, binders, strip));

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include <QApplication>
 #include <QStyleFactory>
 #include <QWidget>
 
@@ -17,6 +18,12 @@ constexpr int kSignWidth = 30, kSignHeight = 24;  // at the end of the menu bar
 }  // namespace
 
 Style::Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {}
+
+// Tool tips bring the desktop's colours, each time these change.
+void Style::polish(QWidget* widget) {
+  QProxyStyle::polish(widget);
+  if (widget->inherits("QTipLabel")) widget->setPalette(QApplication::palette());
+}
 
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {

@@ -10,6 +10,17 @@ namespace {
 
 constexpr int kMenuSide = 14, kMenuGap = 28, kMenuRow = 30, kSeparatorRow = 9;
 
+void DrawTick(QPainter& painter, const QRectF& r, const QColor& ink) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  QPainterPath tick({r.left() + r.width() * 0.25, r.top() + r.height() * 0.52});
+  tick.lineTo(r.left() + r.width() * 0.43, r.top() + r.height() * 0.70);
+  tick.lineTo(r.left() + r.width() * 0.76, r.top() + r.height() * 0.31);
+  painter.drawPath(tick);
+  painter.restore();
+}
+
 }  // namespace
 
 void DrawRounded(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& line,
@@ -89,16 +100,7 @@ void DrawCheckMark(const QStyleOption& option, QPainter& painter) {
   DrawRounded(painter, option.rect, fill,
               on ? fill : (focus || hover ? tone::kAccent : Mix(tone::kLine, tone::kMuted, 0.4)),
               3.5);
-  if (!on) return;
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(tone::kOnAccent, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QRectF r(option.rect);
-  QPainterPath tick({r.left() + r.width() * 0.25, r.top() + r.height() * 0.52});
-  tick.lineTo(r.left() + r.width() * 0.43, r.top() + r.height() * 0.70);
-  tick.lineTo(r.left() + r.width() * 0.76, r.top() + r.height() * 0.31);
-  painter.drawPath(tick);
-  painter.restore();
+  if (on) DrawTick(painter, option.rect, tone::kOnAccent);
 }
 
 void DrawRadioMark(const QStyleOption& option, QPainter& painter) {
@@ -167,6 +169,10 @@ void DrawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter) {
   painter.setFont(option.font);
   painter.setPen(lit ? tone::kOnAccent : enabled ? tone::kText : tone::kMuted);
   painter.drawText(place, kLine | Qt::AlignLeft, texts[0]);
+  if (option.checked) {
+    DrawTick(painter, QRectF(option.rect.left(), option.rect.center().y() - 7, kMenuSide, 14),
+             painter.pen().color());
+  }
   if (texts.size() < 2) return;
   painter.setPen(lit ? tone::kOnAccent : tone::kMuted);
   painter.drawText(place, kLine | Qt::AlignRight, texts[1]);

@@ -31,6 +31,7 @@ QPalette Tones() {
   set(QPalette::Highlight, tone::kAccent);
   set(QPalette::HighlightedText, tone::kOnAccent);
   set(QPalette::Link, tone::kAccent);
+  set(QPalette::LinkVisited, tone::kAccent);
   set(QPalette::Light, tone::kLine);
   set(QPalette::Midlight, tone::kRaised);
   set(QPalette::Mid, tone::kLine);
@@ -48,6 +49,9 @@ void ApplyTheme(QApplication& application) {
   for (const char* face : {"Regular", "Medium"}) {
     QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/Roboto-%1.ttf").arg(face));
   }
+  // The desktop's colours and fonts, light or dark, don't come back later, nor with its own boxes.
+  QApplication::setDesktopSettingsAware(false);
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication::setStyle(new Style);
   QApplication::setPalette(Tones());
   QApplication::setFont(TextFont());

@@ -26,7 +26,8 @@ inline constexpr QColor kBad{0xff, 0x5c, 0x5c};
 inline constexpr QColor kAlert{0xff, 0xc0, 0x4d};  // bells
 }  // namespace tone
 
-/// Style, palette, fonts and icon of the whole program. Call it before the first window.
+/// Style, palette, fonts and icon of the whole program, which takes nothing of them from the
+/// desktop, whatever the palette before was. Call it before the first window.
 void ApplyTheme(QApplication& application);
 
 [[nodiscard]] inline QColor ColorOf(base::Color color) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QApplication>
+#include <QFontDatabase>
 
 #include "platform/window_list.h"
 
@@ -94,6 +95,14 @@ void QtDesktop::Focus(platform::Window& window, platform::Control& control) {
   frame->Focus(control);
   PutOnTop(*frame);
   RaiseDialogs();
+}
+
+std::vector<std::string> QtDesktop::Fonts() const {
+  std::vector<std::string> names;
+  for (const QString& family : QFontDatabase::families()) {
+    if (!QFontDatabase::isPrivateFamily(family)) names.push_back(family.toStdString());
+  }
+  return names;
 }
 
 void QtDesktop::Clear() {

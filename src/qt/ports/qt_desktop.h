@@ -28,7 +28,7 @@ class QtDesktop : public platform::Desktop {
   void Hidden(platform::Window& window) override;
   void Closed(platform::Window& window) override;
   void Focus(platform::Window& window, platform::Control& control) override;
-  [[nodiscard]] std::vector<std::string> Fonts() const override { return {}; }
+  [[nodiscard]] std::vector<std::string> Fonts() const override;
 
   /// Takes every window from the screen.
   void Clear();

@@ -4,12 +4,14 @@
 #include <utility>
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QVBoxLayout>
 
 namespace qt {
@@ -93,7 +95,19 @@ QDialog* MakeInputBox(std::string_view text) {
   return box;
 }
 
+QColorDialog* MakeColorBox(base::Color current) {
+  auto* box = new QColorDialog(WindowBelow());
+  box->setWindowTitle(QStringLiteral("Elegir color"));
+  box->setCurrentColor(QColor::fromRgb(base::RgbOf(current)));
+  return box;
+}
+
 }  // namespace
+
+// There, among what is built in, nothing is found and nothing can be written.
+QtDialogs::QtDialogs() {
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral(":/settings"));
+}
 
 bool QtDialogs::Run(const QPointer<QDialog>& box) {
   open_.push_back(box);
@@ -132,7 +146,16 @@ std::string QtDialogs::Input(std::string_view text) {
   return typed;
 }
 
-base::Color QtDialogs::Color(base::Color current) { return current; }
+std::optional<base::Color> QtDialogs::Color(base::Color current) {
+  if (dismissed_) return std::nullopt;
+  QColorDialog* picker = MakeColorBox(current);
+  const QPointer<QDialog> box = picker;
+  if (!Run(box)) return std::nullopt;
+  const QColor chosen = picker->selectedColor();  // none when given up
+  delete box;
+  if (!chosen.isValid()) return std::nullopt;
+  return base::ColorOfRgb(chosen.rgb());
+}
 
 void QtDialogs::Dismiss() {
   dismissed_ = true;

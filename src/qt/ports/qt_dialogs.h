@@ -10,13 +10,16 @@
 
 namespace qt {
 
-/// Boxes in Spanish above the active window. It outlives the calls.
+/// Boxes in Spanish above the active window. It outlives the calls. From its making on Qt's own
+/// boxes neither read nor write the user's settings.
 class QtDialogs : public platform::Dialogs {
  public:
+  QtDialogs();
+
   void Message(std::string_view text) override;
   bool Ask(std::string_view text) override;
   std::string Input(std::string_view text) override;
-  base::Color Color(base::Color current) override;
+  std::optional<base::Color> Color(base::Color current) override;
   void Dismiss() override;
 
  private:

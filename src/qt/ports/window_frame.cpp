@@ -134,6 +134,9 @@ WindowFrame::WindowFrame(platform::Window& window, Look look, FrameClock& clock,
     look_.widget->setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                                  Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                                  Qt::WindowCloseButtonHint);
+    // What locks the others must not get out of sight.
+    look_.widget->setWindowFlag(Qt::WindowMinimizeButtonHint, !look_.modal);
+    if (look_.modal) look_.widget->setWindowModality(Qt::ApplicationModal);
   }
   outer_->setAttribute(Qt::WA_DeleteOnClose, false);
   outer_->setAttribute(Qt::WA_QuitOnClose, false);

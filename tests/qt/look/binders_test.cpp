@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -175,6 +176,30 @@ TEST(TextBoxBinder, ALockedBoxInItsOwnColoursIsReadOnlyButReachable) {
     EXPECT_EQ(widget.palette().color(QPalette::Text), qt::ColorOf(box.fore()));
     EXPECT_EQ(widget.palette().color(QPalette::Base), qt::ColorOf(box.back()));
   }
+}
+
+TEST(TextBoxBinder, EnterGoesToTheHookElseToTheDefaultButton) {
+  platform::TextBox box;
+  QDialog dialog;
+  QLineEdit line(&dialog);
+  QPushButton button(&dialog);
+  button.setDefault(true);
+  qt::FrameClock clock;
+  qt::Binders binders(dialog, clock);
+  binders.Bind(box, line);
+  QString events;
+  QObject::connect(&button, &QPushButton::clicked, [&events] { events += "b"; });
+  const auto press_both = [&line] {
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+      QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+      QApplication::sendEvent(&line, &press);
+    }
+  };
+  dialog.show();
+  press_both();
+  box.on_enter = [&events] { events += "h"; };
+  press_both();
+  EXPECT_EQ(events, "bbhh");
 }
 
 TEST(LabelWidget, APressableOneWorksByKeyboardAndByWhatReadsTheScreen) {

@@ -479,4 +479,39 @@ TEST_F(GridWidgetTest, IsEmptyAndDeafOnceItsGridIsGone) {
   EXPECT_EQ(TakeLog(), "");
 }
 
+TEST(GridLook, EveryStyleOfLinesLooksDifferentOnAnyGround) {
+  for (const base::Color back : {0, 15, 0x808080}) {
+    platform::Grid grid;
+    grid.set_rows(4);
+    grid.set_cols(3);
+    grid.set_back_color(back);
+    qt::GridWidget view(grid);
+    view.resize(200, 140);
+    QList<QImage> seen;
+    for (int style = 0; style <= 11; ++style) {
+      grid.set_grid_lines(style);
+      view.Refresh();
+      const QImage image = view.grab().toImage();
+      EXPECT_FALSE(seen.contains(image)) << style << " on " << back;
+      seen << image;
+    }
+  }
+}
+
+TEST(GridLook, RowsOfAnyTypeCanBeReadBelowAHeadingThatLeavesRoom) {
+  platform::Grid grid;
+  grid.set_rows(2);
+  qt::GridWidget view(grid);
+  const QString usual = QFontInfo(view.horizontalHeader()->font()).family();
+  grid.set_font_name("No existe tal letra");
+  for (const auto& [size, least, most] :
+       {std::tuple{0.001F, 14, 24}, {7.0F, 20, 30}, {72.0F, 110, 250}}) {
+    grid.set_font_size(size);
+    view.Refresh();
+    EXPECT_EQ(std::clamp(view.rowHeight(0), least, most), view.rowHeight(0)) << size;
+    EXPECT_LT(view.horizontalHeader()->sizeHint().height(), 60) << size;
+  }
+  EXPECT_EQ(QFontInfo(view.horizontalHeader()->font()).family(), usual);
+}
+
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTextDocument>
@@ -12,6 +13,7 @@
 #include "../wait.h"
 #include "qt/look/board_look.h"
 #include "qt/look/grid_widget.h"
+#include "qt/look/hot_look.h"
 #include "qt/look/login_look.h"
 #include "qt/look/main_look.h"
 #include "qt/look/small_widgets.h"
@@ -77,12 +79,12 @@ QStringList NamesBelow(QWidget& widget) {
 TEST_F(LookTest, EveryControlHasItsNameForThoseWhoCannotSeeIt) {
   EXPECT_EQ(NamesBelow(*login.widget).join('|'), "Conectar|IP|LOGIN|PASSWORD|_");
   EXPECT_EQ(NamesBelow(*board.widget).join('|'),
-            "Copiar|Cotirama Mercado Continuo|Grabar|Imprimir");
+            "Copiar|Cotirama Mercado Continuo|Grabar|Graficos|Imprimir");
   QStringList names = NamesBelow(*main.widget);
   for (const char* strip :
        {"Bytes transferidos: 0", "Operar", "Carteras Disponibles", "Valor Cartera", "% Ganancia",
-        "Ganancia (Efectivo)", "Muestra el Mercado Continuo", "Lista de alarmas", "Refresh",
-        "Ticker"}) {
+        "Ganancia (Efectivo)", "Muestra el Mercado Continuo", "Indices", "Futuros", "Divisas",
+        "Lista de alarmas", "Refresh", "Ticker"}) {
     EXPECT_TRUE(names.removeOne(QString::fromLatin1(strip))) << strip;
   }
   EXPECT_EQ(names.count(QString()), 0);
@@ -166,6 +168,32 @@ TEST_F(LookTest, AWindowFollowsItsModelsOnlyWhileItCanBeSeen) {
   clock.Wake();
   EXPECT_TRUE(support::WaitFor([&] { return count.text() == "Instrumentos: <b>7</b>"; }));
   EXPECT_EQ(count.textFormat(), Qt::PlainText);
+}
+
+TEST_F(LookTest, ABoardHasTheKeyboardInItsGridAndOffersOnlyTheCommandsOfItsBar) {
+  terminal.Hot.Load();
+  struct Case {
+    views::GridView& view;
+    qt::Look look;
+    QString names;
+  } cases[] = {
+      {terminal.Futuros, qt::MakeBoardLook(terminal.Futuros, clock), "Cotirama Futuros"},
+      {terminal.Hot, qt::MakeHotLook(terminal.Hot, clock),
+       "Copiar|Graficos|Hot|Imprimir|Instrumento"},
+  };
+  for (Case& c : cases) {
+    QMdiArea area;
+    area.addSubWindow(c.look.widget)->show();
+    area.show();
+    area.activateWindow();
+    auto& grid = WidgetOf<qt::GridWidget>(c.look, c.view.Command5);
+    EXPECT_TRUE(support::WaitFor([&] { return grid.hasFocus(); })) << c.names.toStdString();
+    EXPECT_EQ(NamesBelow(*c.look.widget).join('|'), c.names);
+    QMenu menu;
+    if (grid.on_menu) grid.on_menu(menu);
+    EXPECT_EQ(menu.actions().size(), c.names.count('|'));
+    c.look.bond.reset();
+  }
 }
 
 TEST_F(LookTest, TheGridTakesTheRoomThatTheBarLeaves) {

@@ -40,8 +40,9 @@ class StripLookTest : public testing::Test {
 
 TEST_F(StripLookTest, AtEveryWidthAllOfItIsInSightAndTheTabKeyGoesAlongTheLines) {
   const std::vector<platform::Control*> in_order{
-      &mdi.Picture2, &mdi.Command2, &mdi.Label1,   &mdi.Combo1,   &mdi.Text1,  &mdi.Text2,
-      &mdi.Text3,    &mdi.Command3, &mdi.Command1, &mdi.Picture3, &mdi.Check1, &mdi.Check2};
+      &mdi.Picture2, &mdi.Command2, &mdi.Label1,   &mdi.Combo1,   &mdi.Text1,
+      &mdi.Text2,    &mdi.Text3,    &mdi.Command3, &mdi.Command4, &mdi.Command5,
+      &mdi.Command6, &mdi.Command1, &mdi.Picture3, &mdi.Check1,   &mdi.Check2};
   auto next = in_order.begin();
   QWidget* stop = &Of(mdi.Picture2);
   do {

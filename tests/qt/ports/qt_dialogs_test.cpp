@@ -4,10 +4,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QSettings>
 #include <QTimer>
 
 namespace {
@@ -68,23 +70,54 @@ TEST(QtDialogs, ALineIsTypedAndTakenOrGivenUp) {
   EXPECT_EQ(dialogs.Input("¿<b>Qué</b>?"), "");
 }
 
+TEST(QtDialogs, AColourBeginsWithTheCurrentOneAndIsTakenOrGivenUp) {
+  struct Case {
+    base::Color current;
+    QRgb begins, picked;
+    base::Color answer;
+  };
+  for (const auto& [current, begins, picked, answer] :
+       {Case{10, 0x00FF00, 0x123456, 0x563412}, Case{0x563412, 0x123456, 0x000000, 0},
+        Case{7, 0xC0C0C0, 0x0A0000, 0x10}, Case{-1, 0xFFFFFF, 0x070000, 0}}) {
+    for (const bool accepts : {true, false}) {
+      WhenOpen<QColorDialog>([&](QColorDialog& box) {
+        EXPECT_EQ(box.currentColor(), QColor(begins));
+        box.setCurrentColor(QColor(picked));
+        accepts ? box.accept() : box.reject();
+      });
+      EXPECT_EQ(qt::QtDialogs().Color(current), accepts ? std::optional(answer) : std::nullopt);
+    }
+  }
+}
+
+TEST(QtDialogs, KeepsNoSettingsOfQtsOwn) {
+  const qt::QtDialogs dialogs;
+  EXPECT_FALSE(QSettings(QSettings::UserScope, QStringLiteral("QtProject")).isWritable());
+}
+
 TEST(QtDialogs, TheEndOfTheProgramClosesEveryBoxAsGivenUp) {
   qt::QtDialogs dialogs;
   bool answer = true;
+  std::optional<base::Color> color = 0;
   WhenOpen<QDialog>([&](QDialog& box) {
     box.findChild<QLineEdit*>()->setText(QStringLiteral("a medias"));
     WhenOpen([&](QMessageBox&) {
-      WhenOpen([&](QMessageBox&) { dialogs.Dismiss(); });
-      dialogs.Message("tres");
+      WhenOpen<QColorDialog>([&](QColorDialog&) {
+        WhenOpen([&](QMessageBox&) { dialogs.Dismiss(); });
+        dialogs.Message("cuatro");
+      });
+      color = dialogs.Color(9);
     });
     answer = dialogs.Ask("¿dos?");
   });
   EXPECT_EQ(dialogs.Input("uno"), "");
   EXPECT_FALSE(answer);
+  EXPECT_EQ(color, std::nullopt);
   // One that opened now would never be answered.
   dialogs.Message("tarde");
   EXPECT_FALSE(dialogs.Ask("¿tarde?"));
   EXPECT_EQ(dialogs.Input("tarde"), "");
+  EXPECT_EQ(dialogs.Color(3), std::nullopt);
 }
 
 TEST(BoxText, NoTextMakesABoxThatNoScreenHolds) {
