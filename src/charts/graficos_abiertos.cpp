@@ -4,16 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "base/ansi.h"
 #include "base/text.h"
+#include "charts/typed_code.h"
 
 namespace charts {
-namespace {
-
-constexpr std::size_t kTooShort = 2;  // characters
-
-}  // namespace
-
 GraficosAbiertos::GraficosAbiertos(platform::Platform& platform,
                                    const store::InstrumentStore& store, const TickFiles& ticks,
                                    const std::int16_t& FaseCierre)
@@ -30,9 +24,9 @@ void GraficosAbiertos::Abrir(std::int16_t slot) {
 }
 
 bool GraficosAbiertos::Pedir() {
-  const std::string answer = platform_.dialogs().Input("Codigo del Valor a graficar: ");
-  const std::string typed = base::UpperAnsi(base::Utf8ToAnsi(base::Trim(answer)));
-  if (typed.size() <= kTooShort) return false;
+  const std::string typed =
+      CodigoTecleado(platform_.dialogs().Input("Codigo del Valor a graficar: "));
+  if (typed.empty()) return false;
   const store::Codigo code(typed);
   Mostrar(code, code.trimmed_utf8());
   return true;

@@ -7,6 +7,7 @@
 #include "base/masks.h"
 #include "base/text.h"
 #include "charts/replay.h"
+#include "charts/typed_code.h"
 #include "views/market_columns.h"
 
 namespace charts {
@@ -14,13 +15,11 @@ namespace {
 
 constexpr auto kColumns = views::Followed(views::kPriceColumns, views::kVolumen, views::kHora);
 
-constexpr std::array kClosing{views::kHora.heading};
-
 constexpr views::ColumnTable kTable{
     .name_width = views::kNameWidth,
     .design = kColumns,
-    .by_flag = {"Anterior", "Apertura", "%D", "Ultimo", "Maximo", "Minimo", "Volumen"},
-    .closing = kClosing,
+    .by_flag = views::kSevenFlags,
+    .closing = views::kClosingHora,
 };
 
 constexpr views::GridDesign kDesign{
@@ -40,7 +39,6 @@ constexpr std::array<std::string_view, kParteT1 + 1> kCodigos{"I IB   ", "I ETH2
 constexpr std::span kDeGr1(kCodigos.data(), 3);
 
 constexpr float kMitad = 50;  // % of the market
-constexpr std::size_t kLongestTooShort = 2;
 constexpr std::string_view kTipNone = "Añade un valor a la tabla";
 constexpr std::string_view kTipHeld = "Quita el valor de la tabla; su código: ";
 
@@ -145,9 +143,8 @@ void Hot::Trazar(Chart& chart, const store::Instrumento& record) {
 }
 
 void Hot::Command4_Click() {
-  const std::string answer = platform().dialogs().Input("Introduce Código del Valor");
-  const std::string code = base::UpperUtf8(base::Trim(answer));
-  if (base::CountUtf8(code) > kLongestTooShort) {
+  const std::string code = CodigoTecleado(platform().dialogs().Input("Introduce Código del Valor"));
+  if (!code.empty()) {
     if (NumHot < 1) {
       Agregar(code);
     } else if (code == HotCodigos) {
@@ -160,10 +157,9 @@ void Hot::Command4_Click() {
 void Hot::Agregar(std::string_view code) {
   HotCodigos = code;
   NumHot = 1;
-  Command4.set_tool_tip(std::string(kTipHeld).append(code));
-  const std::string bytes = base::Utf8ToAnsi(code);
-  clave_ = store::PackCode(bytes);
-  const std::int16_t slot = context().store.Buscar(bytes);
+  Command4.set_tool_tip(std::string(kTipHeld).append(base::AnsiToUtf8(code)));
+  clave_ = store::PackCode(code);
+  const std::int16_t slot = context().store.Buscar(code);
   if (slot > 0) PintarFila(context().store.Instrumentos(slot));
 }
 

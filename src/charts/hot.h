@@ -29,7 +29,7 @@ class Hot : public views::GridView {
   platform::Label Label10;       // difference of the cash
 
   double SaldoComprador = 0, SaldoVendedor = 0;
-  std::string HotCodigos;  // the user's code; one at a time
+  std::string HotCodigos;  // in bytes of Windows-1252; the user's code; one at a time
   std::int16_t NumHot = 0;
 
   /// After each update of an instrument.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/masks.h"
+#include "views/market_columns.h"
 
 namespace portfolios {
 namespace {
@@ -14,26 +15,19 @@ namespace {
 using views::Campo;
 using views::Columna;
 
-constexpr std::array kColumns{
-    Columna{"Anterior", Campo::Anterior, 1110}, Columna{"Apertura", Campo::Apertura, 1110},
-    Columna{"%D", Campo::Variacion, 900},       Columna{"Ultimo", Campo::Ultimo, 1110},
-    Columna{"Maximo", Campo::Maximo, 1110},     Columna{"Minimo", Campo::Minimo, 1110},
-    Columna{"Volumen", Campo::Volumen, 1335},   Columna{"% Gain", Campo::ninguno, 990},
-    Columna{"Ganancia", Campo::ninguno, 1560},  Columna{"Hora", Campo::Hora, 1110},
-};
+constexpr auto kColumns =
+    views::Followed(views::kPriceColumns, views::kVolumen, Columna{"% Gain", Campo::ninguno, 990},
+                    Columna{"Ganancia", Campo::ninguno, 1560}, views::kHora);
 
-constexpr std::array kOthers{
-    Columna{"Efectivo", Campo::Efectivo, 1560}, Columna{"Ponderado", Campo::Medio, 1110},
-    Columna{"Saldos", Campo::Saldo, 1560},      Columna{"Fecha", Campo::Fecha, 1335},
-    Columna{"Pesetas", Campo::Pesetas, 1110},
-};
+constexpr std::array kOthers{views::kEfectivo, views::kPonderado, views::kSaldos, views::kFecha,
+                             views::kPesetas};
 
 constexpr std::array<std::string_view, 3> kClosing{"% Gain", "Ganancia", "Hora"};
 
 constexpr views::ColumnTable kTable{
-    .name_width = 2550,
+    .name_width = views::kNameWidth,
     .design = kColumns,
-    .by_flag = {"Anterior", "Apertura", "%D", "Ultimo", "Maximo", "Minimo", "Volumen"},
+    .by_flag = views::kSevenFlags,
     .closing = kClosing,
     .others = kOthers,
 };

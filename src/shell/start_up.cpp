@@ -36,14 +36,10 @@ void StartUp(Terminal& terminal, const base::ProgramDir& directory) {
   terminal.Conecta.Load();
   SetUpTickers(mdi);
   terminal.ConfigVentana = views::LoadConfigVentana(directory);
-  const auto apply = [&](std::size_t entry, views::GridView& view) {
-    views::ApplyLook(terminal.ConfigVentana[entry], view.G);
-  };
-  apply(1, terminal.Continuo);
-  apply(1, terminal.TCartera);
-  apply(2, terminal.Indices);
-  apply(3, terminal.Futuros);
-  apply(4, terminal.Divisas);
+  for (int ventana = 1; ventana <= 4; ++ventana) {
+    const views::ConfigVentana& look = terminal.ConfigVentana[static_cast<std::size_t>(ventana)];
+    for (views::GridView* view : terminal.ViewsOf(ventana)) views::ApplyLook(look, view->G);
+  }
   terminal.Alarmas.CargarAlarmas();
   terminal.FormAlarm.Load();
   terminal.FormAlarm.Rellenar();

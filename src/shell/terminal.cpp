@@ -104,7 +104,7 @@ void Terminal::JoinCharts() {
     if (Hot.loaded()) Hot.ActuaHot(slot);
   };
   for (views::GridView* view : std::initializer_list<views::GridView*>{
-           &Continuo, &Indices, &Estadisticas, &TCartera, &Hot}) {
+           &Continuo, &Indices, &Estadisticas, &Divisas, &Opciones, &TCartera, &Hot}) {
     view->graficos = {.Abrir = [this](std::int16_t slot) { Graficos.Abrir(slot); },
                       .Pedir = [this] { return Graficos.Pedir(); }};
   }

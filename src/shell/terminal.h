@@ -51,6 +51,8 @@ class Terminal {
   std::function<void()> on_end;
 
   [[nodiscard]] platform::Platform& platform() const { return platform_; }
+  /// Those loaded that show entry `ventana` (1 to 4) of the settings.
+  [[nodiscard]] std::vector<views::GridView*> ViewsOf(int ventana);
 
  private:
   /// The login window in front, the cursor in its first field.
@@ -60,9 +62,6 @@ class Terminal {
   void JoinViews();
   void JoinCharts();
   void JoinColors();
-  /// Those that show the settings of a market window, by its number in the dialog.
-  [[nodiscard]] std::vector<views::GridView*> ViewsOf(int ventana);
-
   platform::Platform& platform_;
   base::ProgramDir directory_;
 

@@ -36,6 +36,8 @@ constexpr GridDesign kDesign{
     .pos = "MC.POS",
     .entrada = 1,
     .registro = 1,
+    .flagged_width = kColumns[0].width,
+    .first_colors = true,
 };
 
 constexpr int kNewWidth = 600;  // of the columns that a change of the settings turns on
@@ -48,19 +50,12 @@ bool IsShare(const store::Instrumento& record) {
 
 Continuo::Continuo(const GridContext& context) : GridView(context, kDesign) {}
 
-void Continuo::OnLoad() {
-  ApplyLook(config(), G);
-  ShowCommands();
-  BuildColumns(kColumns[0].width);
+void Continuo::AddRows() {
   for (int slot = 1; slot <= context().store.NumInstrumentos(); ++slot) {
     const store::Instrumento& record = context().store.Instrumentos(slot);
     if (IsShare(record)) AddNameRow(record);
   }
-  if (G.rows() > 1) SortRows(0);
-  LoadLayout();
-  set_state(State::normal);
-  ReadColors(/*write_first=*/true);
-  Timer1.set_enabled(true);
+  SortRows(0);
 }
 
 void Continuo::ColoresOn() {
@@ -76,7 +71,7 @@ void Continuo::negoti(std::int16_t indice) {
   const store::Instrumento& record = context().store.Instrumentos(indice);
   BuildRow(record);
   const int row = RowOf(indice);
-  if (row > 0) FlashRow(row, RowColor(record));
+  if (row > 0 && row < G.rows()) FlashRow(row, RowColor(record));
 }
 
 void Continuo::negotii(std::int16_t indice) {

@@ -20,7 +20,7 @@ class Continuo : public GridView {
   void negotii(std::int16_t indice);
 
  protected:
-  void OnLoad() override;
+  void AddRows() override;
 };
 
 }  // namespace views

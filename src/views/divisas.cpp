@@ -22,7 +22,6 @@ constexpr GridDesign kDesign{
     .entrada = 4,
     .registro = 4,
     .colors = ColorFamily::back,
-    .bar = false,
     .timer_ms = 0,
     .layout = LayoutForm::widths_first,
 };

@@ -6,8 +6,8 @@
 
 namespace views {
 
-/// The exchange rates, with three decimals: fixed columns, no commands. A cell keeps the colours of
-/// its last change.
+/// The exchange rates, with three decimals: fixed columns, and a bar that stays. A cell keeps the
+/// colours of its last change.
 class Divisas : public GridView {
  public:
   explicit Divisas(const GridContext& context);

@@ -8,14 +8,7 @@ namespace {
 constexpr auto kColumns =
     Followed(kPriceColumns, kVolumen, kEfectivo, kPonderado, kSaldos, kHora, kFecha);
 
-constexpr std::array kClosing{kHora.heading};
-
-constexpr ColumnTable kTable{
-    .name_width = kNameWidth,
-    .design = kColumns,
-    .by_flag = ByFlag(kColumns),
-    .closing = kClosing,
-};
+constexpr ColumnTable kTable = FlaggedTable(kColumns);
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Futuros",

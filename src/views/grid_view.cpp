@@ -1,7 +1,5 @@
 #include "views/grid_view.h"
 
-#include <map>
-
 #include "base/val.h"
 
 // The window: its design, commands, mouse and files. Rows are in grid_view_rows.cpp.
@@ -16,15 +14,6 @@ constexpr platform::Rect kFirstButton{120, 90, 1320, 420};
 constexpr int kButtonStep = 1440;
 constexpr platform::Rect kName{5940, 165, 4500, 270};
 constexpr std::string_view kNameHeading = "Instrumento";
-
-// Of what stands left first, where two columns bear one heading.
-std::map<std::string, int, std::less<>> WidthsByHeading(const platform::Grid& grid) {
-  std::map<std::string, int, std::less<>> widths;
-  for (int c = 0; c < grid.cols(); ++c) {
-    widths.try_emplace(std::string(grid.text(0, c)), grid.width(c));
-  }
-  return widths;
-}
 
 }  // namespace
 
@@ -80,10 +69,10 @@ void GridView::Wire() {
 void GridView::OnLoad() {
   ApplyLook(config(), G);
   ShowCommands();
-  BuildColumns();
+  BuildColumns(design_.flagged_width);
   AddRows();
   LoadLayout();
-  ReadColors(/*write_first=*/false);
+  ReadColors(design_.first_colors);
   Timer1.set_enabled(true);
 }
 
@@ -114,20 +103,29 @@ void GridView::BuildColumns(int flagged_width) {
   const std::size_t equal_widths =
       by_file && flagged_width > 0 ? headings.size() - table.closing.size() : 0;
 
-  const auto former = WidthsByHeading(G);
-  const auto put = [&](int c, std::string_view heading, int width) {
-    G.set_text(0, c, heading);
-    const auto known = former.find(heading);
-    G.set_width(c, known == former.end() ? width : known->second);
-  };
-  G.set_cols(static_cast<int>(headings.size()) + 1);
-  put(0, kNameHeading, table.name_width);
+  if (G.text(0, 0) != kNameHeading) {
+    G.set_cols(1);
+    G.set_text(0, 0, kNameHeading);
+    G.set_width(0, table.name_width);
+  }
   for (std::size_t k = 0; k < headings.size(); ++k) {
     const int c = static_cast<int>(k) + 1;
-    put(c, headings[k], table.Of(headings[k]).width);
+    BringColumn(c, headings[k], table.Of(headings[k]).width);
     if (k < equal_widths) G.set_width(c, flagged_width);
-    G.set_align(c, platform::Align::right);
   }
+  G.set_cols(static_cast<int>(headings.size()) + 1);
+}
+
+void GridView::BringColumn(int c, std::string_view heading, int width) {
+  int from = c;
+  while (from < G.cols() && G.text(0, from) != heading) ++from;
+  if (from == G.cols()) {
+    G.set_cols(from + 1);
+    G.set_text(0, from, heading);
+    G.set_width(from, width);
+    G.set_align(from, platform::Align::right);
+  }
+  G.MoveColumn(from, c);
 }
 
 void GridView::LoadLayout() { ReadLayout(context_.dir, design_.pos, design_.layout, *this, G); }

@@ -50,10 +50,12 @@ struct GridDesign {
   int entrada = 1;            // entry of ConfigVentanas
   int registro = 1;           // record of "COLORES.SET"
   ColorFamily colors = ColorFamily::text;
-  int own_columns = 0;  // last columns, whose cells the view adds to the built row itself
-  bool bar = true;      // has a command bar
-  int bar_top = 0;      // of the bar when it is in sight, in twips
-  int timer_ms = 1000;  // of Timer1; 0 where cells stay lit until they change again
+  int own_columns = 0;        // last columns, whose cells the view adds to the built row itself
+  int flagged_width = 0;      // at load, of all columns that flags turn on; 0 is each its own
+  bool first_colors = false;  // puts its record into "COLORES.SET" where that is empty
+  bool bar = true;            // has a command bar
+  int bar_top = 0;            // of the bar when it is in sight, in twips
+  int timer_ms = 1000;        // of Timer1; 0 where cells stay lit until they change again
   LayoutForm layout = LayoutForm::place_first;
 };
 
@@ -122,8 +124,8 @@ class GridView : public platform::Window {
 
   // Frame, used at load and when the settings have changed.
   void ReadColors(bool write_first);
-  /// Headings by design or by file. A heading that was there keeps its width, a new one gets the
-  /// design's; those that a flag turns on all get `flagged_width` where it isn't 0.
+  /// Headings by design or by file. A column that was there keeps its texts and width, a new one
+  /// gets the design's; those that a flag turns on all get `flagged_width` where it isn't 0.
   void BuildColumns(int flagged_width = 0);
   void LoadLayout();
   void SaveLayout();
@@ -147,7 +149,8 @@ class GridView : public platform::Window {
   [[nodiscard]] int FindRow();
   /// The same, where blanks in front of a name count.
   [[nodiscard]] int FindPaddedRow();
-  /// The slot's remembered row, else the first one with its name, which is then remembered.
+  /// The slot's remembered row, which may be past the last one, else the first one with its name,
+  /// which is then remembered; 0 when there is none.
   [[nodiscard]] int RowOf(int slot);
   /// Writes the built row and marks what has changed against the old texts.
   void FlashRow(int row, base::Color color);
@@ -179,6 +182,9 @@ class GridView : public platform::Window {
   };
 
   void Design();
+  /// Puts the column of that heading, with all that is in it, in place `c`; a new one where none
+  /// from there on bears it.
+  void BringColumn(int c, std::string_view heading, int width);
   void Wire();
   void SlideBarIn();
   [[nodiscard]] bool OpenChart();

@@ -85,7 +85,7 @@ int GridView::FindPaddedRow() { return names_.FindWhole(row_text_.cell(0)); }
 int GridView::RowOf(int slot) {
   std::int16_t& remembered = FilaDeInstrumento[static_cast<std::size_t>(slot)];
   if (remembered == 0) remembered = base::ToInteger<std::int16_t>(FindRow()).value_or(0);
-  return remembered < G.rows() ? remembered : 0;
+  return remembered;
 }
 
 void GridView::FlashRow(int row, base::Color color) {
@@ -117,6 +117,7 @@ void GridView::FlashOrAdd(int slot) {
   const store::Instrumento& record = context_.store.Instrumentos(slot);
   BuildRow(record);
   int row = RowOf(slot);
+  if (row >= G.rows()) return;
   if (row == 0 && !row_text_.cell(0).starts_with(' ')) row = AppendRow();
   if (row > 0) FlashRow(row, RowColor(record));
 }

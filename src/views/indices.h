@@ -11,8 +11,8 @@ namespace views {
 /// apart is their design, and what the pipeline hands them.
 class IndexView : public GridView {
  public:
-  /// Takes the settings anew and repaints every index and statistic, adding those it lacks: also
-  /// the ones that the pipeline hands to the other view.
+  /// Takes the settings anew and repaints what is coded as index or statistic, adding those it
+  /// lacks: also the ones that the pipeline hands to the other view.
   void ColoresOn() override;
   /// Paints the instrument's row with flash; adds one at the end where it is missing, unless its
   /// name begins with a blank.

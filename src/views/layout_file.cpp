@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t kRecord = sizeof(std::int16_t);
 constexpr int kMinSize = 1000;  // of a window
-constexpr std::size_t kMaxFile = 65536;
 
 std::optional<int> ReadRecord(const base::RecordFile& file, std::int64_t n) {
   std::string record;
@@ -53,22 +52,21 @@ void ReadLayout(const base::ProgramDir& dir, std::string_view file, LayoutForm f
 
 void WriteLayout(const base::ProgramDir& dir, std::string_view file, LayoutForm form,
                  const platform::Window& window, const platform::Grid& grid) {
-  const std::string path = dir.Path(file);
-  std::string content;
-  (void)base::ReadWholeFile(path, kMaxFile, content);  // what can't be read is written anew
-  const auto put = [&](std::int64_t n, int value) {
-    const std::size_t end = static_cast<std::size_t>(n) * kRecord;
-    if (content.size() < end) content.resize(end);
-    const auto stored = static_cast<std::int16_t>(value);
-    if (stored == value) std::memcpy(content.data() + end - kRecord, &stored, kRecord);
+  const auto edit = [&](std::string& content) {
+    const auto put = [&](std::int64_t n, int value) {
+      const std::size_t end = static_cast<std::size_t>(n) * kRecord;
+      if (content.size() < end) content.resize(end);
+      const auto stored = static_cast<std::int16_t>(value);
+      if (stored == value) std::memcpy(content.data() + end - kRecord, &stored, kRecord);
+    };
+    const Records at(form, grid.cols());
+    const platform::Rect& rect = window.rect();
+    std::int64_t n = at.place;
+    for (const int value : {rect.height, rect.width, rect.left, rect.top}) put(n++, value);
+    if (form == LayoutForm::widths_first) put(1, 0);
+    for (int k = at.first_column; k < grid.cols(); ++k) put(at.width_0 + k, grid.width(k));
   };
-  const Records at(form, grid.cols());
-  const platform::Rect& rect = window.rect();
-  std::int64_t n = at.place;
-  for (const int value : {rect.height, rect.width, rect.left, rect.top}) put(n++, value);
-  if (form == LayoutForm::widths_first) put(1, 0);
-  for (int k = at.first_column; k < grid.cols(); ++k) put(at.width_0 + k, grid.width(k));
-  (void)base::ReplaceFile(path, content);  // the old layout stays
+  (void)base::EditFile(dir.Path(file), edit);  // where that fails the old layout stays
 }
 
 }  // namespace views

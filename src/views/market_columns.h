@@ -44,4 +44,19 @@ template <std::size_t N>
   return headings;
 }
 
+inline constexpr std::array kClosingHora{kHora.heading};
+
+/// All twelve by flag, then "Hora" once more.
+template <std::size_t N>
+[[nodiscard]] constexpr ColumnTable FlaggedTable(const std::array<Columna, N>& columns) {
+  return {.name_width = kNameWidth,
+          .design = columns,
+          .by_flag = ByFlag(columns),
+          .closing = kClosingHora};
+}
+
+/// Headings of a view that knows the first seven flags only.
+inline constexpr std::array<std::string_view, 12> kSevenFlags{
+    "Anterior", "Apertura", "%D", "Ultimo", "Maximo", "Minimo", "Volumen"};
+
 }  // namespace views

@@ -23,7 +23,6 @@ constexpr GridDesign kDesign{
     .entrada = 3,
     .registro = 3,
     .colors = ColorFamily::back,
-    .bar = false,
     .timer_ms = 0,
     .layout = LayoutForm::widths_first,
 };

@@ -6,9 +6,9 @@
 
 namespace views {
 
-/// Calls and puts of the underlyings that the user has asked for: fixed columns, no commands. Rows
-/// only ever come. Its layout file is that of the futures: each overwrites the other's widths. A
-/// cell keeps the colours of its last change.
+/// Calls and puts of the underlyings that the user has asked for: fixed columns, and a bar that
+/// stays. Rows only ever come. Its layout file is that of the futures: each overwrites the other's
+/// widths. A cell keeps the colours of its last change.
 class Opciones : public GridView {
  public:
   explicit Opciones(const GridContext& context);

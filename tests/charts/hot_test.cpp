@@ -1,5 +1,6 @@
 #include "charts/hot.h"
 
+#include "base/ansi.h"
 #include "views/fixture.h"
 
 namespace {
@@ -118,7 +119,7 @@ TEST_F(HotTest, TheUserHoldsOneCodeAtATime) {
   Update("I IB", 9);
   for (const Case& c : cases) {
     Type(c.typed);
-    EXPECT_EQ(hot.HotCodigos, c.held) << c.typed;
+    EXPECT_EQ(base::AnsiToUtf8(hot.HotCodigos), c.held) << c.typed;
     EXPECT_EQ(hot.G.rows(), c.row.empty() ? 1 : 2) << c.typed;
     EXPECT_EQ(RowText(hot.G, 1).substr(0, c.row.size()), c.row);
   }

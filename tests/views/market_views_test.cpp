@@ -207,6 +207,20 @@ TEST_F(MarketViews, ReceiveTheInstrumentsOfTheirClass) {
   }
 }
 
+TEST_F(MarketViews, ARowThatNobodyRepaintsKeepsItsTextsUnderTheirHeadings) {
+  Load("XXAAA", "ST POR NOMBRE", 12);  // coded as neither index nor statistic
+  platform::Grid& grid = all[kEstadisticas]->G;
+  grid.set_width(13, 444);  // the second "Hora"
+  temp.Write("IN.CAM", "001100000010");
+  all[kEstadisticas]->ColoresOn();
+  EXPECT_EQ(RowText(grid, 0), "Instrumento|%D|Ultimo|Hora|Hora");
+  EXPECT_EQ(RowText(grid, 1), "ST POR NOMBRE       |20.00|12.00|00:00:00|00:00:00");
+  EXPECT_EQ(grid.width(4), 444);
+  temp.Write("IN.CAM", "1001");
+  all[kEstadisticas]->ColoresOn();
+  EXPECT_EQ(RowText(grid, 1), "ST POR NOMBRE       ||12.00|00:00:00");
+}
+
 TEST_F(MarketViews, FindTheirRowsAsTheyAreOrAsTheyWere) {
   for (std::size_t v = 0; v < all.size(); ++v) {
     const auto& [code, window, remembers, rests, mark] = kViews[v];
