@@ -44,7 +44,7 @@ fuzz:
 tour: build
 	@$(install) tour
 	@mkdir -p build/tour
-	@xvfb-run -a -s '-screen 0 1440x900x24' build/release/cotirama-tour build/tour
+	@xvfb-run -a -s '-screen 0 1920x1200x24' build/release/cotirama-tour build/tour
 
 tidy:
 	@$(install) run tidy

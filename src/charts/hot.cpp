@@ -81,6 +81,10 @@ void Hot::OnLoad() {
   };
   for (const std::string_view code : kDeGr1) begin(Gr1, code);
   begin(Gr2, kCodigos[kParte]);
+  // What is known already isn't kept from who opens it late.
+  for (const std::string_view code : kCodigos) {
+    ActuaHot(context().store.SiguienteDe(store::Codigo(code), 0));
+  }
 }
 
 void Hot::ActuaHot(std::int16_t indice) {
@@ -133,6 +137,7 @@ void Hot::PintarParte(const store::Instrumento& record) {
 void Hot::Trazar(Chart& chart, const store::Instrumento& record) {
   const store::InstrumentStore& store = context().store;
   const float value = record.Ultimo;
+  if (!(value > 0)) return;  // it has no price yet
   chart.AddReg(record.Codigo, {.apertura = value,
                                .cierre = value,
                                .maximo = value,

@@ -15,7 +15,7 @@ constexpr ColumnTable kTable{
 
 constexpr GridDesign kDesign{
     .caption = "Cotirama Divisas",
-    .rect = {1500, 1500, 12000, 4500},
+    .rect = {1500, 1500, 12000, 5400},
     .columns = kTable,
     .cam = "",
     .pos = "DV.POS",

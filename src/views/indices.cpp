@@ -27,9 +27,9 @@ constexpr GridDesign Design(std::string_view caption, const platform::Rect& rect
   };
 }
 
-constexpr GridDesign kIndices = Design("Cotirama Indices", {600, 600, 17670, 6000}, "IN.POS");
+constexpr GridDesign kIndices = Design("Cotirama Indices", {300, 600, 18450, 6000}, "IN.POS");
 constexpr GridDesign kEstadisticas =
-    Design("Estadísticas del Mercado", {900, 900, 17670, 6000}, "ESTA.POS");
+    Design("Estadísticas del Mercado", {450, 900, 18450, 6000}, "ESTA.POS");
 
 }  // namespace
 

@@ -73,9 +73,12 @@ TEST_F(HotTest, EachCodePaintsItsFiguresAndFiftyKeepsTheColour) {
   EXPECT_EQ(parts(), "1,050.250 /2  /2 /4 ");
 }
 
-TEST_F(HotTest, ChartsBeginWithThePastAndGoOn) {
+TEST_F(HotTest, BeginsWithWhatIsKnownAndGoesOn) {
   for (const float value : {9000.0F, 9001.0F}) Update("I IB", value);
+  Update("STSV", 1, 7);
+  Update("I ETH2", 0);
   hot.Load();
+  EXPECT_EQ(hot.LSV.caption(), "7 ");
   Update("I IB", 9002);
   Update("I TKUP", 8000);
   Update("I ETH2", 8500);
@@ -89,11 +92,11 @@ TEST_F(HotTest, ChartsBeginWithThePastAndGoOn) {
     }
     return text + chart.tool_tip();
   };
-  EXPECT_EQ(last(hot.Gr1), "3:9002 1:8500 1:8000 IBEX 35");
+  EXPECT_EQ(last(hot.Gr1), "4:9002 1:8500 1:8000 IBEX 35");
   EXPECT_EQ(last(hot.Gr2), "1:52 %SALDO COMPRADOR");
   const auto& points = hot.Gr1.linea(0).puntos;
-  ASSERT_EQ(points.size(), 3U);
-  EXPECT_EQ(points[2].x - points[0].x, 2) << "seconds of the market";
+  ASSERT_EQ(points.size(), 4U);
+  EXPECT_EQ(points[3].x - points[0].x, 4) << "seconds of the market";
 }
 
 TEST_F(HotTest, TheUserHoldsOneCodeAtATime) {
