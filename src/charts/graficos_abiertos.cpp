@@ -8,6 +8,11 @@
 #include "charts/typed_code.h"
 
 namespace charts {
+namespace {
+
+constexpr int kCascade = 450, kCascadeSteps = 8;  // so that the captions of several are seen
+
+}  // namespace
 GraficosAbiertos::GraficosAbiertos(platform::Platform& platform,
                                    const store::InstrumentStore& store, const TickFiles& ticks,
                                    const std::int16_t& FaseCierre)
@@ -35,6 +40,11 @@ bool GraficosAbiertos::Pedir() {
 void GraficosAbiertos::Mostrar(const store::Codigo& code, std::string_view caption) {
   Graficos& chart = abiertos_.Add(store::WholeCode(code),
                                   std::make_unique<Graficos>(platform_, store_, ticks_, Medias));
+  platform::Rect rect = chart.rect();
+  const int step = kCascade * (static_cast<int>(abiertos_.size() - 1) % kCascadeSteps);
+  rect.left += step;
+  rect.top += step;
+  chart.set_rect(rect);
   chart.set_tag("G:" + code.utf8());
   chart.set_caption(base::OneLine(caption));
   chart.Show();

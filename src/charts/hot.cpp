@@ -154,6 +154,8 @@ void Hot::Command4_Click() {
       Agregar(code);
     } else if (code == HotCodigos) {
       Quitar();
+    } else {
+      Label1.set_caption("Quite antes " + base::AnsiToUtf8(HotCodigos) + ": tecléelo otra vez");
     }
   }
   SetFocus(Command5);
@@ -165,6 +167,7 @@ void Hot::Agregar(std::string_view code) {
   Command4.set_tool_tip(std::string(kTipHeld).append(base::AnsiToUtf8(code)));
   clave_ = store::PackCode(code);
   const std::int16_t slot = context().store.Buscar(code);
+  Label1.set_caption(base::AnsiToUtf8(code) + ": sin datos todavía");
   if (slot > 0) PintarFila(context().store.Instrumentos(slot));
 }
 
@@ -180,7 +183,10 @@ void Hot::Quitar() {
 
 void Hot::PintarFila(const store::Instrumento& record) {
   BuildRow(record);
-  if (G.rows() < 2) G.AddRow();
+  if (G.rows() < 2) {
+    G.AddRow();
+    Label1.set_caption("");
+  }
   G.set_row_text(1, row_text());
 }
 

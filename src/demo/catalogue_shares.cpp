@@ -50,7 +50,7 @@ constexpr Share kShares[] = {
     {"OCM", "OBRAS Y CAM. MEDRANO", kBuilding, 1960, 120, 12},
     {"PRL", "PUERTOS ALTAMAR", kBuilding, 1025, 170, 13},
     {"AUT", "AUTOVIAS HISPALIA", kBuilding, 940, 340, 15},
-    {"CMN", "CEMENTOS NALBANDA", kBuilding, 1385, 66, 5},
+    {"CEN", "CEMENTOS NALBANDA", kBuilding, 1385, 66, 5},
     {"CLE", "CEMENTOS LEIZARRA", kBuilding, 1145, 48, 4},
     {"PRX", "PREFABRICADOS XANA", kBuilding, 410, 34, 3},
     {"LDR", "LADRILLERA DRUENDA", kBuilding, 285, 28, 2},

@@ -211,7 +211,10 @@ void Colores::List1_Click() {
   if (chosen >= 0) G.set_font_name(List1.items()[static_cast<std::size_t>(chosen)]);
 }
 
-void Colores::Text1_Enter() { G.set_font_size(base::ValFloat(Text1.text()).value_or(0)); }
+void Colores::Text1_Enter() {
+  G.set_font_size(base::ValFloat(Text1.text()).value_or(0));
+  Text1.set_text(base::NumberText(G.font_size()));
+}
 
 void Colores::Command2_Click() { G.set_grid_lines(G.grid_lines() + 1); }
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QResizeEvent>
 #include <QShortcut>
+#include <QTimer>
 
 #include "qt/look/grid_widget.h"
 #include "qt/look/small_widgets.h"
@@ -23,6 +24,10 @@ class Board : public QWidget {
   explicit Board(views::GridView& view)
       : bar_(new QWidget(this)), grid_(new GridWidget(view.G, this)), rest_(grid_) {
     bar_->setAutoFillBackground(true);
+    settled_.setSingleShot(true);
+    settled_.setInterval(kSettleMs);
+    connect(&settled_, &QTimer::timeout, this,
+            [this] { bar_->setAttribute(Qt::WA_TransparentForMouseEvents, false); });
     setTabOrder(grid_, bar_);
   }
 
@@ -33,7 +38,12 @@ class Board : public QWidget {
     setTabOrder(grid_, bar_);
   }
   void PlaceBar(const platform::PictureBox& bar) {
-    bar_top_ = ToPixels(bar.rect().top);
+    if (const int top = ToPixels(bar.rect().top); top != bar_top_) {
+      bar_top_ = top;
+      // A press that was meant for the heading, where the bar has just come in, isn't its.
+      bar_->setAttribute(Qt::WA_TransparentForMouseEvents);
+      settled_.start();
+    }
     bar_height_ = bar.visible() ? ToPixels(bar.rect().height) : 0;
     Place();
   }
@@ -57,6 +67,9 @@ class Board : public QWidget {
     rest_->setGeometry(0, seen, width(), height() - seen);
   }
 
+  static constexpr int kSettleMs = 350;
+
+  QTimer settled_;
   QWidget* bar_;
   GridWidget* grid_;
   QWidget* rest_;

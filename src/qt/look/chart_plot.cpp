@@ -122,12 +122,23 @@ void ChartPlot::ArrangeVolume() {
   scene_.time->setTickLabels(!wanted);
 }
 
+/// What is seen, and above it room for the names of the lines.
+QCPRange ChartPlot::PriceRange() const {
+  constexpr int kNames = 28;
+  QCPRange range = RangeOf(scene_.seen.minimo, scene_.seen.maximo);
+  const int height = prices_->height();
+  if (scene_.chart->lineas() > 1 && height > 3 * kNames) {
+    range.upper += range.size() * kNames / (height - kNames);
+  }
+  return range;
+}
+
 void ChartPlot::FitAxes() {
   scene_.seen = scene_.chart->vista();
   const QCPRange time = RangeOf(scene_.seen.desde, scene_.seen.hasta);
   scene_.time->setRange(time);
   scene_.volume_time->setRange(time);
-  scene_.price->setRange(RangeOf(scene_.seen.minimo, scene_.seen.maximo));
+  scene_.price->setRange(PriceRange());
   for (QCPAxis* axis : {scene_.time, scene_.volume_time}) {
     axis->ticker()->setTickCount(std::max(width() / kPixelsAnHour, 1));
   }

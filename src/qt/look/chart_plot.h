@@ -47,6 +47,7 @@ class ChartPlot : public QCustomPlot {
   void TakeLine(Line& line, const charts::Linea& from);
   void MakeLines();
   void FitAxes();
+  [[nodiscard]] QCPRange PriceRange() const;
   void ArrangeVolume();
 
   ChartScene scene_;

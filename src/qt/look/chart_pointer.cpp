@@ -18,11 +18,21 @@ constexpr int kShortLines = 2;
 
 QVector<RecordLine> DescribeRecord(const charts::Chart& chart, const charts::Senalado& record) {
   const auto price = [&chart](double value) { return PriceText(chart, value); };
-  return {{QStringLiteral("Hora"), Text(charts::Chart::TextoHora(record.punto.x))},
-          {QStringLiteral("Precio"), price(record.punto.y)},
-          {QStringLiteral("Negociado"), Text(base::masks::kWhole.Format(record.negociado))},
-          {QStringLiteral("Máximo"), price(static_cast<double>(record.record.maximo))},
-          {QStringLiteral("Mínimo"), price(static_cast<double>(record.record.minimo))}};
+  QVector<RecordLine> lines{
+      {QStringLiteral("Hora"), Text(charts::Chart::TextoHora(record.punto.x))},
+      {QStringLiteral("Precio"), price(record.punto.y)}};
+  if (record.negociado > 0) {
+    lines << RecordLine{QStringLiteral("Negociado"),
+                        Text(base::masks::kWhole.Format(record.negociado))};
+  }
+  // A replayed record knows its price alone.
+  if (record.record.maximo > record.record.minimo) {
+    lines << RecordLine{QStringLiteral("Máx. sesión"),
+                        price(static_cast<double>(record.record.maximo))}
+          << RecordLine{QStringLiteral("Mín. sesión"),
+                        price(static_cast<double>(record.record.minimo))};
+  }
+  return lines;
 }
 
 ChartPointer::ChartPointer(const ChartScene& scene, QCustomPlot& plot)
@@ -59,7 +69,7 @@ void ChartPointer::DrawBox(QCPPainter& painter, const QPoint& at) const {
   const QRect room = prices().adjusted(2, 2, -2, -2);
   QVector<RecordLine> lines = DescribeRecord(*scene().chart, *at_);
   const bool roomy = room.width() >= kRoomy.width() && room.height() >= kRoomy.height();
-  if (!roomy) lines.resize(kShortLines);
+  if (!roomy) lines.resize(std::min<qsizetype>(lines.size(), kShortLines));
   painter.setFont(SmallFont());
   const QFontMetrics type = painter.fontMetrics();
   int names = 0, values = 0;
