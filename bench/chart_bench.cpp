@@ -8,11 +8,15 @@
 
 #include "base/bytes.h"
 #include "charts/graficos_abiertos.h"
+#include "demo/session_clock.h"
 #include "support/memory_platform.h"
 
 namespace {
 
 constexpr int kWindows = 10, kCodes = 11, kTicks = 30'000;
+
+/// HHMMSS so many seconds after nine o'clock.
+float TimeOf(int second) { return static_cast<float>(demo::TimeOf(9 * 3600 + second)); }
 
 class Desk {
  public:
@@ -37,8 +41,7 @@ class Desk {
                                    .Volumen = static_cast<float>(quotes_ % 10'000'000),
                                    .Efectivo = 1e6});
     // A quarter of a second apart.
-    const std::int64_t second = quotes_ / 4 % 3600;
-    store.MercadoHora = static_cast<float>(90000 + second / 60 * 100 + second % 60);
+    store.MercadoHora = TimeOf(static_cast<int>(quotes_ / 4 % 3600));
     desk.GraficosVivo(slot);
   }
 
@@ -70,10 +73,9 @@ BENCHMARK(ChartQuote)->ArgName("shown")->Arg(0)->Arg(1);
 std::string DayOfTicks() {
   std::string file;
   for (int n = 0; n < kTicks; ++n) {
-    const int time = 90000 + n / 3600 * 10000 + n / 60 % 60 * 100 + n % 60;
     base::AppendField(file, 10 + 0.5F * std::sin(static_cast<float>(n) / 900));
     base::AppendField(file, static_cast<float>(n) * 100);
-    base::AppendField(file, static_cast<float>(time));
+    base::AppendField(file, TimeOf(n));
     base::AppendField(file, 1000426.0F);
   }
   return file;

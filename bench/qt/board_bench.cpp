@@ -2,24 +2,16 @@
 #include <random>
 #include <string>
 
-#include <QApplication>
 #include <QElapsedTimer>
 
 #include "../load/desk.h"
-#include "qt/look/theme.h"
+#include "application.h"
 
 // The real board in its window: each update goes the whole road of a quote behind the wire, through
 // the pipeline, 13 cells formatted, compared and flashed.
 namespace {
 
 constexpr int kBatch = 99, kTurnMs = 8;
-
-void MakeApplication() {
-  static int argc = 1;
-  static char name[] = "bench";
-  static char* argv[] = {name, nullptr};
-  if (!qApp) qt::ApplyTheme(*new QApplication(argc, argv));
-}
 
 class Board {
  public:

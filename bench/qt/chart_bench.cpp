@@ -3,13 +3,13 @@
 #include <random>
 #include <string>
 
-#include <QApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
 
 #include "../load/desk.h"
+#include "application.h"
+#include "demo/session_clock.h"
 #include "qt/look/custom_plot.h"
-#include "qt/look/theme.h"
 
 // Real chart windows: how long one with a day behind it takes to come up, what drawing it costs,
 // and what ten of them take while their instruments are quoted.
@@ -17,16 +17,7 @@ namespace {
 
 constexpr int kDay = 30'000, kFirst = 9 * 3600, kSession = 8 * 3600;
 
-void MakeApplication() {
-  static int argc = 1;
-  static char name[] = "bench";
-  static char* argv[] = {name, nullptr};
-  if (!qApp) qt::ApplyTheme(*new QApplication(argc, argv));
-}
-
-float TimeOf(int second) {
-  return static_cast<float>(second / 3600 * 10000 + second / 60 % 60 * 100 + second % 60);
-}
+float TimeOf(int second) { return static_cast<float>(demo::TimeOf(second)); }
 
 class Charts {
  public:

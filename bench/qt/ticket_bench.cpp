@@ -2,24 +2,16 @@
 #include <random>
 #include <string>
 
-#include <QApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
 
 #include "../load/desk.h"
-#include "qt/look/theme.h"
+#include "application.h"
 
 // Ten real tickets on ten codes, all in sight, whose books move as fast as they can.
 namespace {
 
 constexpr int kTickets = 10, kBatch = 20, kTurnMs = 8;
-
-void MakeApplication() {
-  static int argc = 1;
-  static char name[] = "bench";
-  static char* argv[] = {name, nullptr};
-  if (!qApp) qt::ApplyTheme(*new QApplication(argc, argv));
-}
 
 class Tickets {
  public:

@@ -5,7 +5,6 @@
 #include <QAccessibleWidget>
 #include <QMdiSubWindow>
 
-#include "base/masks.h"
 #include "qt/look/chart_pointer.h"
 #include "qt/look/chart_widget.h"
 #include "qt/look/text.h"

@@ -1,7 +1,6 @@
 #include "qt/look/chart_commands.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QMessageBox>

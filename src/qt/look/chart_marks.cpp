@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "qt/look/text.h"
 #include "qt/look/theme.h"

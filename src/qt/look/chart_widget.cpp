@@ -1,9 +1,7 @@
 #include "qt/look/chart_widget.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <utility>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -68,7 +66,7 @@ bool ChartWidget::Empty() const {
 }
 
 QString ChartWidget::Description() const {
-  if (!chart_ || Empty()) return QStringLiteral("Sin datos todavía");
+  if (Empty()) return QStringLiteral("Sin datos todavía");
   const auto& at = plot_->pointer().at();
   return at ? DescribeAt(*chart_, *at) : DescribeAll(*chart_);
 }

@@ -65,7 +65,6 @@ class ChartWidget : public QWidget {
   void Pace();
   void DrawNow();
 
-  [[nodiscard]] bool RunKey(const QKeyEvent& event);
   [[nodiscard]] bool RunMove(const QKeyEvent& event);
   [[nodiscard]] bool RunCommand(const QKeyEvent& event);
   void Zoom(double x, double factor);
