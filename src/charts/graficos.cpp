@@ -149,7 +149,10 @@ void Graficos::Form_Resize() {
 
 void Graficos::Timer1_Timer() {
   if (ResizePending > 1) {
-    if (InternalResize == 0) Gr1.set_visible(true);
+    if (InternalResize == 0) {
+      Gr1.set_visible(true);
+      shaken_width_ = shaken_height_ = kNotShaken;
+    }
     Ajustar(inner_width(), inner_height());
     ResizePending = 0;
   }

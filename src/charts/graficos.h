@@ -63,10 +63,12 @@ class Graficos : public platform::Window {
   const store::InstrumentStore& store_;
   const TickFiles& ticks_;
   Medias& medias_;
-  std::shared_ptr<bool> open_;                  // while it is loaded
-  bool placed_ = false;                         // has come up
-  int shaken_width_ = -1, shaken_height_ = -1;  // from which it was last moved to and fro
-  std::string caption_;                         // while it is being made
+  std::shared_ptr<bool> open_;  // while it is loaded
+  bool placed_ = false;         // has come up
+  static constexpr int kNotShaken = -1;
+  // The size from which it was last moved to and fro, until that has reached the chart.
+  int shaken_width_ = kNotShaken, shaken_height_ = kNotShaken;
+  std::string caption_;  // while it is being made
 };
 
 }  // namespace charts

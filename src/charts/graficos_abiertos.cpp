@@ -13,6 +13,7 @@ namespace {
 constexpr int kCascade = 450, kCascadeSteps = 8;  // so that the captions of several are seen
 
 }  // namespace
+
 GraficosAbiertos::GraficosAbiertos(platform::Platform& platform,
                                    const store::InstrumentStore& store, const TickFiles& ticks,
                                    const std::int16_t& FaseCierre)

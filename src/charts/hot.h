@@ -15,8 +15,8 @@ namespace charts {
 
 /// The overview: the blue-chip index and two followers as lines (`Gr1`), the buyers' part of the
 /// market (`Gr2`), the balances of buyers and sellers, and one instrument of the user's choice in
-/// the grid, which doesn't flash. The charts begin with what the run has seen; a figure is empty
-/// until its code is updated. Closing only hides it. What the constructor takes outlives it.
+/// the grid, which doesn't flash. The charts begin with what the run has seen, the figures with
+/// what is known of their codes. Closing only hides it. What the constructor takes outlives it.
 class Hot : public views::GridView {
  public:
   Hot(const views::GridContext& context, const TickFiles& ticks);
@@ -29,7 +29,7 @@ class Hot : public views::GridView {
   platform::Label Label10;       // difference of the cash
 
   double SaldoComprador = 0, SaldoVendedor = 0;
-  std::string HotCodigos;  // in bytes of Windows-1252; the user's code; one at a time
+  std::string HotCodigos;  // the user's code, one at a time, in bytes of Windows-1252
   std::int16_t NumHot = 0;
 
   /// After each update of an instrument.

@@ -169,6 +169,11 @@ TEST_F(GraficosTest, MovesItsWidthToAndFroWhenItsBarComesAndGoes) {
   EXPECT_EQ(chart.rect().width, 12090);
   outside.avanzar(4000);
   EXPECT_EQ(Shape(chart), "11900x7700");
+  // The same size once more is the user's doing by now.
+  Size(chart, 8910, 5550);
+  outside.avanzar(4000);
+  Size(chart, 12000, 8000, State::maximized);
+  EXPECT_EQ(Shape(chart), "8810x5250 hidden");
 
   // Closed at either step.
   chart.Gr1.on_bar_shown();
