@@ -6,6 +6,7 @@ set -eu
 packages_of() {
   case $1 in
     run) echo make g++ cmake ninja-build zlib1g-dev qt6-base-dev libqt6opengl6-dev libgl-dev libqcustomplot-dev \
+      libxcb1-dev libxcb-xtest0-dev \
       qt6-translations-l10n fonts-roboto-unhinted ;;
     test) echo libgtest-dev fonts-dejavu-core ;;
     bench) echo libbenchmark-dev ;;

@@ -27,10 +27,15 @@ auto Retry(Call call) {
   return result;
 }
 
-// Opens regular files only. O_NONBLOCK keeps a FIFO in the place of a file from hanging us.
+// O_NONBLOCK keeps a FIFO in the place of a file from hanging us.
+int OpenAny(const std::string& path, int flags, mode_t mode) {
+  return Retry([&] { return open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); });
+}
+
+bool MayOnlyBeRead() { return errno == EACCES || errno == EPERM || errno == EROFS; }
+
 int OpenRegular(const std::string& path, int flags, mode_t mode, struct stat& status) {
-  const int fd =
-      Retry([&] { return open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); });
+  const int fd = OpenAny(path, flags, mode);
   if (fd < 0) return -1;
   if (fstat(fd, &status) == 0 && S_ISREG(status.st_mode)) return fd;
   close(fd);
@@ -104,12 +109,16 @@ RecordFile::RecordFile(const std::string& path, std::size_t record_size, bool ow
   assert(record_size > 0);
   struct stat status {};
   fd_ = OpenRegular(path, O_RDWR | O_CREAT, owner_only ? kOwnerOnly : kEveryone, status);
-  if (fd_ < 0 && (errno == EACCES || errno == EPERM || errno == EROFS)) {
-    fd_ = OpenRegular(path, O_RDONLY, 0, status);
-  }
+  if (fd_ < 0 && MayOnlyBeRead()) fd_ = OpenRegular(path, O_RDONLY, 0, status);
   if (fd_ >= 0) length_ = status.st_size;
   const bool open_to_others = (status.st_mode & (S_IRWXG | S_IRWXO)) != 0;
   if (fd_ >= 0 && owner_only && open_to_others) (void)fchmod(fd_, kOwnerOnly);
+}
+
+RecordFile::RecordFile(const std::string& path, std::size_t record_size, Known /*regular*/)
+    : path_(path), record_size_(record_size), fd_(OpenAny(path, O_RDWR | O_CREAT, kEveryone)) {
+  assert(record_size > 0);
+  if (fd_ < 0 && MayOnlyBeRead()) fd_ = OpenAny(path, O_RDONLY, 0);
 }
 
 RecordFile::~RecordFile() {

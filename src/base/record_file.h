@@ -20,6 +20,10 @@ class RecordFile {
  public:
   /// `record_size` above 0.
   RecordFile(const std::string& path, std::size_t record_size, bool owner_only = false);
+  /// For a file that the caller knows to be a regular one: it isn't looked at, so one call less,
+  /// and `length()` is only what has been written.
+  struct Known {};
+  RecordFile(const std::string& path, std::size_t record_size, Known);
   ~RecordFile();
   RecordFile(const RecordFile&) = delete;
   RecordFile& operator=(const RecordFile&) = delete;

@@ -26,6 +26,10 @@ std::string FieldText(std::string_view record) {
   return base::AnsiToUtf8(base::OneLine(record.substr(0, last + 1)));
 }
 
+void Run(const std::function<void()>& step) {
+  if (step) step();
+}
+
 }  // namespace
 
 Conecta::Conecta(platform::Platform& platform, const base::ProgramDir& directory,
@@ -33,6 +37,12 @@ Conecta::Conecta(platform::Platform& platform, const base::ProgramDir& directory
     : Window(platform),
       Timer1(platform, 5000, false),
       Timer2(platform, 60000, false),
+      tcpData(platform.MakeSocket({
+          .connected = [this] { Run(steps.DatosConectados); },
+          .data = [this] { Run(steps.OnDataArrival); },
+          .closed = [this] { Run(steps.OnDataClose); },
+          .error = [this](const std::string&) { Run(steps.DatosFallidos); },
+      })),
       directory_(directory),
       strip_(strip),
       boxes_(platform.dialogs()),
@@ -45,7 +55,6 @@ Conecta::Conecta(platform::Platform& platform, const base::ProgramDir& directory
           .closed = [this] { tcpClient_Close(); },
           .error = [this](const std::string& text) { tcpClient_Error(text); },
       })),
-      tcpData(platform.MakeSocket({})),
       redirect_(std::make_shared<std::string>()) {
   set_caption("Conecta");
   PrepararControles();
@@ -102,10 +111,7 @@ void Conecta::UnirPasos() {
           [this](const store::Negocio& negocio) {
             if (steps.Negocio) steps.Negocio(negocio);
           },
-      .FinNegocios =
-          [this] {
-            if (steps.FinNegocios) steps.FinNegocios();
-          },
+      .FinNegocios = [this] { Run(steps.FinNegocios); },
       .SesionPerdida = [this] { session_.SesionLista = false; },
   };
 }
@@ -217,15 +223,20 @@ void Conecta::Timer1_Timer() {
   }
   contador_silencio_ = base::CheckedIncrement(contador_silencio_);
   if (conectado()) {
-    if (steps.RefreshMetaStock) steps.RefreshMetaStock();
+    Run(steps.RefreshMetaStock);
     if (!SesionLista()) PedirSesion();
-    if (steps.ReanudarDescarga) steps.ReanudarDescarga();
+    Run(steps.ReanudarDescarga);
   }
-  if (steps.ResumenCartera) steps.ResumenCartera();
+  Run(steps.ResumenCartera);
 }
 
 void Conecta::Timer2_Timer() {
   if (!boxes_.open()) TickCarteras = true;
+}
+
+std::string Conecta::Preguntar(std::string_view text) {
+  boxes_.Renovar();
+  return terminado_ ? std::string() : boxes_.Input(text);
 }
 
 void Conecta::PedirSesion() {

@@ -40,6 +40,8 @@ class Conecta : public platform::Window {
     std::function<void(int index)> RefrescarLibro;               // a book has been stored
     std::function<void(const store::Negocio& negocio)> Negocio;  // every trade that has come
     std::function<void()> FinNegocios;                           // after the last one of a batch
+    // Events of `tcpData`.
+    std::function<void()> DatosConectados, OnDataArrival, OnDataClose, DatosFallidos;
   };
 
   Conecta(platform::Platform& platform, const base::ProgramDir& directory,
@@ -49,6 +51,7 @@ class Conecta : public platform::Window {
   platform::Button Command1, Command2;    // minimise, connect
   platform::Timer Timer1;                 // watchdog; on from the first connection
   platform::Timer Timer2;
+  const std::unique_ptr<platform::Socket> tcpData;  // history downloads
   Steps steps;
   bool TickCarteras = false;  // a period of Timer2 has passed; its reader clears it
 
@@ -65,6 +68,9 @@ class Conecta : public platform::Window {
   bool EnviarTexto(std::string_view text);
   [[nodiscard]] bool conectado() const { return tcpClient->state() == Estado::connected; }
   [[nodiscard]] bool cerrado() const { return tcpClient->state() == Estado::closed; }
+
+  /// Asks the user for a line, in a box that holds up the session's timers. "" when he gives up.
+  std::string Preguntar(std::string_view text);
 
   /// Ends the session and loads the window anew, hidden.
   void Recargar();
@@ -105,7 +111,6 @@ class Conecta : public platform::Window {
   MarketDecoder decoder_;
   ReadSlicer slicer_;
   std::unique_ptr<platform::Socket> tcpClient;  // market feed
-  std::unique_ptr<platform::Socket> tcpData;    // history downloads
   std::shared_ptr<std::string> redirect_;       // host to go to once the handler has ended, or ""
   std::int32_t bytes_transferidos_ = 0;
   std::int16_t contador_silencio_ = 0;  // ticks of Timer1 since the last read

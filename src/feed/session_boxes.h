@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/ports.h"
@@ -20,6 +21,15 @@ class SessionBoxes {
     ++open_;
     dialogs_.Message(text);
     --open_;
+  }
+  /// What the user types; "" when he gives up or no box may open.
+  std::string Input(std::string_view text) {
+    if (!allowed()) return {};
+    --left_;
+    ++open_;
+    std::string line = dialogs_.Input(text);
+    --open_;
+    return line;
   }
   [[nodiscard]] bool open() const { return open_ > 0; }
   /// Whether a box may open.

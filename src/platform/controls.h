@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -175,6 +176,22 @@ class ComboBox : public Control {
  private:
   std::vector<std::string> items_;
   std::string text_, label_;
+};
+
+/// How much of something is done: a number from 0 to `max`.
+class ProgressBar : public Control {
+ public:
+  [[nodiscard]] int value() const { return value_; }
+  [[nodiscard]] int max() const { return max_; }
+  /// 0 for something that has no end yet. A value that passes it is cut.
+  void set_max(int max) {
+    Set(max_, std::max(max, 0));
+    set_value(value_);
+  }
+  void set_value(int value) { Set(value_, std::clamp(value, 0, max_)); }
+
+ private:
+  int value_ = 0, max_ = 0;
 };
 
 /// Pictures that the program draws.

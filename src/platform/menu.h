@@ -35,7 +35,9 @@ enum class Icon {
   operate,
   trades,
   options,
-  period
+  period,
+  stores,
+  history
 };
 
 /// One button of a tool bar, or a separator where the number is 0. The tip is its accessible name.

@@ -35,6 +35,7 @@ class Platform {
   [[nodiscard]] virtual Clipboard& clipboard() = 0;
   [[nodiscard]] virtual Printer& printer() = 0;
   [[nodiscard]] virtual Sound& sound() = 0;
+  [[nodiscard]] virtual OtherWindows& other_windows() = 0;
 };
 
 }  // namespace platform

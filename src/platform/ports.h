@@ -89,6 +89,22 @@ class Printer {
   virtual void Print(const Grid& grid, std::string_view title) = 0;
 };
 
+/// Windows of other programs.
+class OtherWindows {
+ public:
+  using Handle = std::uint32_t;  // 0 is none
+
+  virtual ~OtherWindows() = default;
+  /// A top-level window of that class; 0 when there is none, or no way to tell.
+  [[nodiscard]] virtual Handle Find(std::string_view window_class) = 0;
+  /// Sends it the message of that number, both parameters 0, and doesn't wait. One that is gone
+  /// hears nothing.
+  virtual void Send(Handle window, std::uint32_t message) = 0;
+  /// Types into whatever window has the focus, and doesn't wait: "%{RIGHT}" is Alt and the right
+  /// arrow, "%{LEFT}" Alt and the left one. Anything else types nothing.
+  virtual void SendKeys(std::string_view keys) = 0;
+};
+
 class Sound {
  public:
   virtual ~Sound() = default;

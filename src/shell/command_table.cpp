@@ -30,6 +30,8 @@ void AskForOptions(Terminal& terminal) {
   PedirOpciones(terminal, kCapitals);
 }
 
+void UpdateHistory(Terminal& terminal) { terminal.Download.Actualizar(); }
+
 template <auto kControl>
 std::function<void()>& Click(MDI& mdi) {
   return (mdi.*kControl).on_click;
@@ -147,6 +149,20 @@ constexpr std::array kCommands{
             .tool = 80,
             .icon = Icon::trades,
             .action = Show<&Terminal::Form2>},
+    Command{.menu = Menu::meta_stock,
+            .item = 0,
+            .caption = "&Configurar",
+            .key = "Ctrl+E",
+            .tool = 50,
+            .icon = Icon::stores,
+            .action = Show<&Terminal::Meta>},
+    Command{.menu = Menu::meta_stock,
+            .item = 1,
+            .caption = "&Actualizar",
+            .key = "F5",
+            .tool = 51,
+            .icon = Icon::history,
+            .action = UpdateHistory},
     Command{.menu = Menu::meta_stock,
             .item = 3,
             .caption = "&Definir Tiempo de Refresco",

@@ -18,7 +18,7 @@ MDI::MDI(platform::Platform& platform) : Window(platform), Timer1(platform, 1000
   LF.set_tool_tip("Fecha de sesión");
   Check1.set_caption("&Refresh");
   Check1.set_tool_tip("Generar refresco automático al MetaStock");
-  Check1.set_value(1);
+  Check1.set_visible(false);  // until the charting package has been found
   Check2.set_caption("&Ticker");
   Check2.set_tool_tip("Ocultar o visualizar el Ticker");
   Command1.set_tool_tip("Lista de alarmas");

@@ -44,6 +44,7 @@ void StartUp(Terminal& terminal, const base::ProgramDir& directory) {
   terminal.FormAlarm.Load();
   terminal.FormAlarm.Rellenar();
   terminal.Carteras.CargarCarteras();
+  terminal.Meta.LeerRutas();
 }
 
 }  // namespace shell

@@ -22,6 +22,7 @@ void Stop::Silence() {
   terminal_.MDI.Tickctl1.set_scrolling(false);
   terminal_.MDI.Tickctl2.set_scrolling(false);
   terminal_.MDI.FaseCierre = 1;
+  terminal_.Download.Cancelar();
   terminal_.Conecta.Cerrar();
   terminal_.MDI.Picture2.set_picture(platform::Picture::closed);
   // Whatever waits for an answer gets none, and finds the session closed already.

@@ -37,6 +37,11 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       Ticks(directory_, store),
       Graficos(platform, store, Ticks, MDI.FaseCierre),
       Hot(context, Ticks),
+      Bars(Stores, store, platform),
+      Form1(platform),
+      Meta(platform, directory_, Stores),
+      Download(platform, directory_, Stores, Bars, Form1, *Conecta.tcpData, MDI.FaseCierre),
+      Refresh(platform.other_windows(), MDI.Check1, Conecta.TickCarteras),
       resumen_(MDI, store, Carteras, TCartera),
       stop_(*this) {
   JoinMainWindow();
@@ -44,6 +49,7 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
   JoinViews();
   JoinCharts();
   JoinColors();
+  JoinMetaStock();
   JoinCommands(*this);
 }
 
@@ -55,7 +61,11 @@ void Terminal::JoinMainWindow() {
       .Conectado = [this] { return Conecta.conectado(); },
       .Cerrado = [this] { return Conecta.cerrado(); },
       .Conectar = [this] { ShowLogin(); },
-      .Desconectar = [this] { Conecta.Recargar(); },
+      .Desconectar =
+          [this] {
+            Download.Cancelar();
+            Conecta.Recargar();
+          },
       .Refresco = [this](bool on) { Conecta.Timer2.set_enabled(on); },
       .Terminar = [this] { stop_.Begin(); },
       .Avanzar = [this] { stop_.Advance(); },
@@ -145,6 +155,19 @@ void Terminal::JoinColors() {
     if (ventana == 1) resumen_.Combo1_Click();
   };
   Colores.steps.OcultarConecta = [this] { Conecta.Hide(); };
+}
+
+void Terminal::JoinMetaStock() {
+  pipeline.steps.barras = [this](std::int16_t slot) { Bars.ActualizarBarras(slot); };
+  Bars.on_live = [this] { Refresh.Avisar(); };
+  Download.steps.Preguntar = [this](std::string_view text) { return Conecta.Preguntar(text); };
+  feed::Conecta::Steps& steps = Conecta.steps;
+  steps.RefreshMetaStock = [this] { (void)Refresh.RefreshMetaStock(); };
+  steps.ReanudarDescarga = [this] { Download.ReanudarDescarga(); };
+  steps.DatosConectados = [this] { Download.DatosConectados(); };
+  steps.OnDataArrival = [this] { Download.OnDataArrival(); };
+  steps.OnDataClose = [this] { Download.OnDataClose(); };
+  steps.DatosFallidos = [this] { Download.DatosFallidos(); };
 }
 
 void Terminal::Start() {

@@ -12,6 +12,12 @@
 #include "charts/hot.h"
 #include "charts/tick_files.h"
 #include "feed/conecta.h"
+#include "metastock/bars.h"
+#include "metastock/download.h"
+#include "metastock/form1.h"
+#include "metastock/meta.h"
+#include "metastock/refresh.h"
+#include "metastock/stores.h"
 #include "platform/platform.h"
 #include "portfolios/cartera.h"
 #include "portfolios/detalle.h"
@@ -62,6 +68,7 @@ class Terminal {
   void JoinViews();
   void JoinCharts();
   void JoinColors();
+  void JoinMetaStock();
   platform::Platform& platform_;
   base::ProgramDir directory_;
 
@@ -94,6 +101,12 @@ class Terminal {
   charts::TickFiles Ticks;
   charts::GraficosAbiertos Graficos;
   charts::Hot Hot;
+  metastock::Stores Stores;
+  metastock::Bars Bars;
+  metastock::Form1 Form1;
+  metastock::Meta Meta;
+  metastock::Download Download;
+  metastock::Refresh Refresh;
 
  private:
   Resumen resumen_;

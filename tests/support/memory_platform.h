@@ -23,7 +23,7 @@ class FakeDialogs : public platform::Dialogs {
  public:
   std::vector<std::string> messages, questions, prompts;
   bool answer = true;
-  std::string line;  // what the user types when asked for a line
+  std::string line;                  // what the user types when asked for a line
   std::optional<base::Color> color;  // that the user picks; none is giving up
   std::vector<base::Color> colors;   // that the boxes began with
   bool dismissed = false;
@@ -72,6 +72,21 @@ class FakeSound : public platform::Sound {
   void Beep() override { ++beeps; }
 };
 
+class FakeOtherWindows : public platform::OtherWindows {
+ public:
+  Handle found = 0;              // the answer to the next questions
+  std::vector<std::string> log;  // "find Class", "send 7 1042", "keys %{LEFT}"
+
+  [[nodiscard]] Handle Find(std::string_view window_class) override {
+    log.push_back("find " + std::string(window_class));
+    return found;
+  }
+  void Send(Handle window, std::uint32_t message) override {
+    log.push_back("send " + std::to_string(window) + " " + std::to_string(message));
+  }
+  void SendKeys(std::string_view keys) override { log.push_back("keys " + std::string(keys)); }
+};
+
 class FakeDesktop : public platform::Desktop {
  public:
   std::vector<std::string> log;  // "shown Caption", and so on
@@ -116,6 +131,7 @@ class MemoryPlatform : public platform::Platform {
   [[nodiscard]] FakeClipboard& clipboard() override { return clipboard_; }
   [[nodiscard]] FakePrinter& printer() override { return printer_; }
   [[nodiscard]] FakeSound& sound() override { return sound_; }
+  [[nodiscard]] FakeOtherWindows& other_windows() override { return other_windows_; }
 
  private:
   class FakeTimer;
@@ -126,6 +142,7 @@ class MemoryPlatform : public platform::Platform {
   FakeClipboard clipboard_;
   FakePrinter printer_;
   FakeSound sound_;
+  FakeOtherWindows other_windows_;
   std::deque<std::function<void()>> posted_;
   std::vector<FakeTimer*> running_timers_;  // in order of their start
   std::int64_t now_ = 0;

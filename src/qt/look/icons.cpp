@@ -257,6 +257,8 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
         return Currencies(p);
       case Icon::colors:
         return Colors(p);
+      case Icon::stores:
+      case Icon::history:
       case Icon::none:
         return;
     }

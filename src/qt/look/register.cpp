@@ -9,6 +9,7 @@
 #include "qt/look/hot_look.h"
 #include "qt/look/login_look.h"
 #include "qt/look/main_look.h"
+#include "qt/look/metastock_looks.h"
 #include "qt/look/portfolio_looks.h"
 #include "qt/look/tape_look.h"
 #include "qt/look/ticket_look.h"
@@ -53,6 +54,8 @@ void RegisterLooks(Looks& looks) {
   looks.Add<portfolios::Cartera>(MakePortfolioLook);
   looks.Add<portfolios::Operar_Cartera>(MakeOperationLook);
   looks.Add<portfolios::Detalle>(MakeDetailLook);
+  looks.Add<metastock::Meta>(MakeStoresLook);
+  looks.Add<metastock::Form1>(MakeDownloadLook);
 }
 
 }  // namespace qt

@@ -8,7 +8,9 @@
 namespace qt {
 
 QtPlatform::QtPlatform(const Looks& looks, Resolver resolve)
-    : resolve_(std::move(resolve)), desktop_(looks, windows) {}
+    : resolve_(std::move(resolve)),
+      desktop_(looks, windows),
+      other_windows_(MakeOtherWindows()) {}
 
 std::unique_ptr<platform::Socket> QtPlatform::MakeSocket(platform::Socket::Events events) {
   return std::make_unique<QtSocket>(std::move(events), resolve_);

@@ -10,6 +10,7 @@
 #include "qt/ports/qt_printer.h"
 #include "qt/ports/qt_socket.h"
 #include "qt/ports/qt_sound.h"
+#include "qt/ports/x11_windows.h"
 
 namespace qt {
 
@@ -29,6 +30,7 @@ class QtPlatform : public platform::Platform {
   [[nodiscard]] QtClipboard& clipboard() override { return clipboard_; }
   [[nodiscard]] QtPrinter& printer() override { return printer_; }
   [[nodiscard]] QtSound& sound() override { return sound_; }
+  [[nodiscard]] platform::OtherWindows& other_windows() override { return *other_windows_; }
 
  private:
   Resolver resolve_;
@@ -38,6 +40,7 @@ class QtPlatform : public platform::Platform {
   QtClipboard clipboard_;
   QtPrinter printer_;
   QtSound sound_;
+  std::unique_ptr<platform::OtherWindows> other_windows_;
 };
 
 }  // namespace qt

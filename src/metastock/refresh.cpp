@@ -1,0 +1,9 @@
+#include "metastock/refresh.h"
+
+namespace metastock {
+
+bool Refresh::RefreshMetaStock() { return true; }
+
+void Refresh::Avisar() {}
+
+}  // namespace metastock
