@@ -17,7 +17,7 @@ using platform::Picture;
 
 constexpr const char* kFichero = "IP.cfg";
 constexpr std::size_t kCampo = 15;
-constexpr std::uint16_t kFeedPort = 23, kDataPort = 1999;
+constexpr std::uint16_t kFeedPort = 23;
 constexpr std::int16_t kMaxSilencio = 20;
 constexpr int kSpacing = 80;
 

@@ -31,6 +31,7 @@ class Conecta : public platform::Window {
  public:
   /// Stands for the embedded market in place of a host name.
   static constexpr std::string_view kServidorPropio = "demostracion";
+  static constexpr std::uint16_t kDataPort = 1999;  // of any server's history
 
   /// What other parts do at their moment; all optional.
   struct Steps {

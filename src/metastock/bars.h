@@ -17,20 +17,24 @@ class Bars {
  public:
   Bars(Stores& stores, const store::InstrumentStore& instruments, platform::Platform& platform);
 
-  /// An intraday bar has been written from a quote.
+  /// A quote has changed an intraday bar, and its file where there is one.
   std::function<void()> on_live;
 
   /// Feeds both stores from an instrument that has been updated: every selected entry of its code.
-  /// Costs next to nothing for an instrument without any.
+  /// A daily entry drives the intraday entry of the same number as well, whatever its code. Costs
+  /// next to nothing for an instrument without any.
   void ActualizarBarras(std::int16_t slot);
 
-  /// Entries from 1 to Stores::kMaxEntries; others do nothing. These two change `Open`, `High`,
+  /// Entries from 1 to Stores::kMaxEntries; others do nothing. The first two change `Open`, `High`,
   /// `Low` and `Volume` of the caller's bar.
   void UpdateLiveIntraday(int entry, Bar& bar);
   void UpdateHistoricIntraday(int entry, Bar& bar);
   void UpdateDaily(int entry, const Bar& bar);
 
  private:
+  [[nodiscard]] Bar BarOf(const store::Instrumento& instrument) const;
+  [[nodiscard]] float DateWithoutFeed() const;
+
   Stores& stores_;
   const store::InstrumentStore& instruments_;
   platform::Platform& platform_;

@@ -9,8 +9,10 @@
 namespace metastock {
 
 /// Chooses the directories of both stores and shows what they hold. A chosen directory is loaded at
-/// once. Reads and writes "path.cfg": intraday, then daily, 53 bytes each. What the constructor
-/// takes outlives it.
+/// once; one without a directory file leaves the tables as they were, of which the daily one then
+/// has no entries. Reads and writes "path.cfg". Both panels are hidden until one is chosen; lists
+/// and boxes keep what they show while the window is closed. What the constructor takes outlives
+/// it.
 class Meta : public platform::Window {
  public:
   Meta(platform::Platform& platform, const base::ProgramDir& directory, Stores& stores);
@@ -28,8 +30,8 @@ class Meta : public platform::Window {
   platform::Button Command1, Command2;                   // show the one panel, the other
   platform::Button C1;                                   // save
 
-  /// The start of the program: takes over what the file says, which loads the tables. A file that
-  /// is missing is created empty.
+  /// The start of the program: loads the window and takes over what the file says, twice, which
+  /// loads the tables. A file that is missing is created empty.
   void LeerRutas();
 
   void Dir1_Change();
@@ -46,6 +48,9 @@ class Meta : public platform::Window {
   void OnLoad() override;
 
  private:
+  void PrepararControles();
+  void AplicarRutas();
+
   const base::ProgramDir& directory_;
   Stores& stores_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,8 +23,9 @@ struct Reply {
 };
 
 /// Turns the reads of the data channel into replies: compressed frames of the feed's form, and one
-/// unframed text. An incomplete frame is kept for the next read, up to 4 MiB. What is no reply is
-/// left out, and a reply ends its read: what stands behind it is lost. Any bytes are fine.
+/// unframed text, which must stand alone. An incomplete frame is kept for the next read, up to 4
+/// MiB. What is no reply is left out, and a reply ends its read: what stands behind it is lost. Any
+/// bytes are fine.
 class ReplyReader {
  public:
   static constexpr std::size_t kMostCarried = std::size_t{4} << 20;
@@ -33,8 +35,13 @@ class ReplyReader {
   [[nodiscard]] const std::string& DataCarry() const { return data_carry_; }
 
  private:
+  [[nodiscard]] std::optional<Reply> CortarTramas(std::string_view trabajo, std::size_t pos);
+  [[nodiscard]] std::optional<Reply> LeerTrama(std::string_view payload);
+  void Guardar(std::string_view text, std::size_t needed);
+
   feed::Zip zip_;
   std::string data_carry_;
+  std::size_t needed_ = 0;  // bytes that data_carry_ needs to hold a whole frame; 0 isn't known
 };
 
 }  // namespace metastock

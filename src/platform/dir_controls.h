@@ -37,9 +37,10 @@ class DirBox : public Control {
   /// `on_change` runs on every real change of the path, by the user or the program.
   std::function<void()> on_change;
 
-  /// UTF-8, without "/" at its end but for the root; "" until one is set.
+  /// UTF-8, without "/" at its end but for the root, never two in a row; "" until one is set.
   [[nodiscard]] const std::string& path() const { return path_; }
-  /// False, and nothing changes, for what isn't an absolute path of a directory that is there.
+  /// False, and nothing changes, for what isn't an absolute path of a directory that is there. It
+  /// is looked at, links are followed.
   bool set_path(std::string_view path);
   /// Caption of the label that stands in front of it: its accessible name.
   [[nodiscard]] const std::string& label() const { return label_; }

@@ -39,7 +39,7 @@ class ConectaTest : public testing::Test {
   [[nodiscard]] Texts Fields() const {
     return {conecta->Text3.text(), conecta->Text1.text(), conecta->Text2.text()};
   }
-  [[nodiscard]] support::FakeSocket& client() { return *outside.sockets.at(0); }
+  [[nodiscard]] support::FakeSocket& client() { return *outside.sockets.at(1); }
 
   support::TempDir dir;
   base::ProgramDir directory{dir.path()};
@@ -82,8 +82,8 @@ TEST_F(ConectaTest, LogsInWithOneWriteAndAsksForASessionUntilItIsConfirmed) {
   market.Tickctl2.PonerTexto("Pulse ", "", 7, 80, "");
   Type("ana1", " secret", "feed.example");
   client().Accept();
-  EXPECT_EQ(outside.sockets.at(1)->host, "feed.example");
-  EXPECT_EQ(client().port * 10000 + outside.sockets.at(1)->port, 231999);
+  EXPECT_EQ(outside.sockets.at(0)->host, "feed.example");
+  EXPECT_EQ(client().port * 10000 + outside.sockets.at(0)->port, 231999);
   const auto& items = market.Tickctl2.items();
   ASSERT_EQ(items.size(), 3U);
   EXPECT_EQ(items[0].text + items[2].text, "Conectado Cotirama Data Server.");

@@ -68,14 +68,14 @@ TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
             " [Configuracion] [Opciones MEFF] [Hot]\n"
             "Alarmas: [Alarma por Precio] [Alarma por Volumen] - [Ver Alarmas]\n"
             "Carteras: [Configurar Carteras] [Ver Carteras] - [Estadísticas] - [Negociaciones]\n"
-            "Meta Stock: [Definir Tiempo de Refresco]\n"
+            "Meta Stock: [Configurar] [Actualizar] - [Definir Tiempo de Refresco]\n"
             "F3 Operar\nF4 Valores en Carteras\n");
   EXPECT_EQ(tools,
             "24 Mercado Continuo\n20 Indices\n21 Futuros\n22 Divisas\n23 Configuracion\n"
             "66 Opciones MEFF\n-\n"
             "30 Alarma por Precio\n31 Alarma por Volumen\n32 Ver Alarmas\n-\n"
             "40 Configurar Carteras\n41 Ver Carteras\n42 Estadísticas\n80 Negociaciones\n-\n"
-            "52 Definir Tiempo de Refresco\n");
+            "50 Configurar\n51 Actualizar\n52 Definir Tiempo de Refresco\n");
 }
 
 TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
@@ -105,6 +105,8 @@ TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
       {"Ver Carteras", 41, {}, &t.Detalle},
       {"Estadísticas", 42, {}, &t.Detalle, 0, "Carteras"},
       {"Negociaciones", 80, {}, &t.Form2},
+      {"Configurar", 50, {}, &t.Meta},
+      {"Actualizar", 51, {}, &t.Form1},
       {"Operar", 0, {&mdi.Command2.on_click}, &t.Operar_Cartera},
       {"Valores en Carteras", 0, {&mdi.Label1.on_click, &mdi.Combo1.on_double_click}, &t.TCartera}};
   for (const Case& test : cases) {
@@ -169,7 +171,8 @@ TEST_F(CommandsTest, TheRefreshPeriodIsTakenAsEachWayHoldsIt) {
     EXPECT_EQ(timer.interval(), by_tool) << "tool " << typed;
   }
   EXPECT_EQ(outside.boxes.prompts.back(), "Enter Periodo en segundos");
-  for (const int value : {0, 1}) {
+  EXPECT_TRUE(timer.enabled());
+  for (const int value : {1, 0}) {
     terminal->MDI.Check1.set_value(value);
     EXPECT_EQ(timer.enabled(), value == 1);
   }
@@ -190,7 +193,7 @@ TEST_F(CommandsTest, NoneRunsOnceTheProgramEnds) {
   terminal->MDI.Label1.Click();
   terminal->MDI.Combo1.DoubleClick();
   terminal->MDI.Picture2.Click();
-  for (const int value : {0, 1}) terminal->MDI.Check1.set_value(value);
+  terminal->MDI.Check1.set_value(1);
   EXPECT_EQ(outside.desktop().log, log);
   EXPECT_TRUE(outside.boxes.prompts.empty());
   EXPECT_TRUE(outside.boxes.questions.empty());

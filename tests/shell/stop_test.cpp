@@ -2,6 +2,7 @@
 #include <functional>
 #include <map>
 
+#include "support/meta_store.h"
 #include "terminal_fixture.h"
 
 namespace {
@@ -28,6 +29,17 @@ class StopTest : public TerminalTest {
     return ticks;
   }
 
+  /// Asks for the history of an entry that has none yet.
+  void Actualizar(bool daily) {
+    const std::string store = daily ? "diario" : "intra";
+    dir.Write(store + "/README", "");
+    (daily ? support::WriteDailyStore : support::WriteIntradayStore)(
+        dir.Path(store), {{.symbol = "ALD", .name = "ACME"}});
+    platform::DirBox& box = daily ? terminal->Meta.Dir2 : terminal->Meta.Dir1;
+    EXPECT_TRUE(box.set_path(dir.Path(store)));
+    PressTool(51);
+  }
+
   [[nodiscard]] std::map<std::string, std::string> Files() const {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(dir.path())) {
@@ -46,6 +58,8 @@ class StopTest : public TerminalTest {
     EXPECT_EQ(outside.running_timers(), 0U) << what;
     EXPECT_EQ(feed().writes.size(), writes) << what;
     EXPECT_TRUE(terminal->Conecta.cerrado()) << what;
+    EXPECT_EQ(history().state(), platform::Socket::State::closed) << what;
+    EXPECT_EQ(history().sent, "") << what;
     EXPECT_LE(terminal->store.NumInstrumentos(), 1) << what;
   }
 
@@ -57,6 +71,13 @@ TEST_F(StopTest, EndsAtTheThirdTickWhateverIsOpen) {
   const Case cases[] = {
       {"nothing", [] {}},
       {"connecting", [this] { TypeLogin(); }},
+      {"a download that waits",
+       [this] {
+         LogIn("ALD");
+         Actualizar(/*daily=*/true);
+         outside.avanzar(1000);
+         EXPECT_EQ(history().state(), platform::Socket::State::connecting);
+       }},
       {"all windows",
        [this] {
          LogIn("ALD");
@@ -82,6 +103,8 @@ TEST_F(StopTest, EndsAtTheThirdTickWhateverIsOpen) {
          terminal->Cartera.Show();
          terminal->Operar_Cartera.Show();
          terminal->Detalle.Show();
+         terminal->Meta.Show();
+         terminal->Form1.Show();
          for (int i = 0; i < 2; ++i) terminal->Tickets.AbrirTicket(1);
          terminal->Tickets.abiertos().at(1)->Label6_DblClick();
          terminal->ListAlarm.Disparada("93000 ACME");
@@ -158,6 +181,12 @@ TEST_F(StopTest, AnOpenBoxDoesNotHoldItUp) {
       {"socket error", [this] { feed().Fail("cortado"); }},
       {"question", [this] { terminal->MDI.Picture2.Click(); }},
       {"prompt", [this] { PressTool(66); }},
+      {"date of the history",
+       [this] {
+         Actualizar(/*daily=*/false);
+         history().Accept();
+         outside.RunPosted();
+       }},
   };
   for (const auto& [what, open] : cases) {
     outside.boxes = {};

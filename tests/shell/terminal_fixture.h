@@ -21,7 +21,8 @@ class TerminalTest : public testing::Test {
     terminal->Start();
   }
 
-  [[nodiscard]] support::FakeSocket& feed() { return *outside.sockets.at(0); }
+  [[nodiscard]] support::FakeSocket& feed() { return *outside.sockets.at(1); }
+  [[nodiscard]] support::FakeSocket& history() { return *outside.sockets.at(0); }
 
   void TypeLogin() {
     terminal->Conecta.Text1.set_text("invitado");

@@ -84,14 +84,17 @@ TEST_F(TerminalTest, StartsWithTheLoginWindowInFrontOfAnEmptyBoard) {
   EXPECT_EQ(outside.desktop().focus, &terminal->Conecta.Text1);
   EXPECT_EQ(&outside.windows.at(0), &terminal->MDI);
   const std::pair<platform::Window*, bool> at_start[] = {
-      {&terminal->Continuo, true},       {&terminal->TCartera, true}, {&terminal->Conecta, true},
-      {&terminal->FormAlarm, true},      {&terminal->Form2, false},   {&terminal->ListAlarm, false},
-      {&terminal->APrecio, false},       {&terminal->Cartera, false}, {&terminal->Detalle, false},
-      {&terminal->Operar_Cartera, false}};
+      {&terminal->Continuo, true}, {&terminal->TCartera, true},
+      {&terminal->Conecta, true},  {&terminal->FormAlarm, true},
+      {&terminal->Form2, false},   {&terminal->ListAlarm, false},
+      {&terminal->APrecio, false}, {&terminal->Cartera, false},
+      {&terminal->Detalle, false}, {&terminal->Operar_Cartera, false},
+      {&terminal->Meta, true},     {&terminal->Form1, false}};
   for (const auto& [window, loaded] : at_start) {
     EXPECT_EQ(window->loaded(), loaded) << window->caption();
   }
-  EXPECT_FALSE(terminal->Continuo.visible() || terminal->TCartera.visible());
+  EXPECT_FALSE(terminal->Continuo.visible() || terminal->TCartera.visible() ||
+               terminal->Meta.visible());
   EXPECT_TRUE(terminal->MDI.Tickctl1.scrolling());
   EXPECT_TRUE(terminal->MDI.Tickctl2.scrolling());
   EXPECT_FLOAT_EQ(terminal->Continuo.G.font_size(), 7.0F);
