@@ -138,10 +138,14 @@ void Market::StartDay() {
 
 void Market::Step(Events& events) {
   events.Clear();
+  const std::chrono::sys_days today = clock_.day();
   const SessionClock::Passed passed = clock_.Step();
   events.second = passed.second;
   events.day = passed.day;
-  if (passed.day) StartDay();
+  if (passed.day) {
+    past_days_.Add(today, std::span(instruments_).subspan(first_share_, floor_.shares().size()));
+    StartDay();
+  }
   if (passed.second) Second(events);
 
   const int now = clock_.time();

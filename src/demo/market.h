@@ -15,6 +15,7 @@
 #include "demo/instrument.h"
 #include "demo/order_book.h"
 #include "demo/pace.h"
+#include "demo/past_days.h"
 #include "demo/session_clock.h"
 
 namespace demo {
@@ -40,6 +41,13 @@ class Market {
   /// By the code without its blanks.
   [[nodiscard]] std::optional<std::size_t> Find(std::string_view code) const;
 
+  /// Nothing for what isn't a share.
+  [[nodiscard]] const Share* ShareAt(std::size_t slot) const;
+  /// The days that went by since the start; shares are numbered as on the floor, from
+  /// `first_share()` on.
+  [[nodiscard]] const PastDays& past_days() const { return past_days_; }
+  [[nodiscard]] std::size_t first_share() const { return first_share_; }
+
   /// The order book; nothing for what isn't traded, as an index.
   [[nodiscard]] std::optional<OrderBook> Book(std::size_t slot) const;
   /// Changes with the book.
@@ -54,7 +62,6 @@ class Market {
   void AddIndices();
   void AddFollowers();
   void AddStatistics();
-  [[nodiscard]] const Share* ShareAt(std::size_t slot) const;
   void StartDay();
   void Second(Events& events);
 
@@ -69,6 +76,7 @@ class Market {
   Board board_;
   Pace pace_;
   Random random_;
+  PastDays past_days_;
   std::size_t listed_ = 0;
 };
 

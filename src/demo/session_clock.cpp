@@ -6,12 +6,16 @@ namespace demo {
 namespace {
 
 using std::chrono::days;
-using std::chrono::sys_days;
 using std::chrono::weekday;
 
-constexpr sys_days kFirstDay = std::chrono::year(2000) / 5 / 17;
-
 }  // namespace
+
+int DateOf(std::chrono::sys_days day) {
+  const std::chrono::year_month_day date(day);
+  return (static_cast<int>(date.year()) - 1900) * 10000 +
+         static_cast<int>(static_cast<unsigned>(date.month()) * 100 +
+                          static_cast<unsigned>(date.day()));
+}
 
 SessionClock::SessionClock(int second)
     : second_(std::clamp(second, 8 * 3600 + 1, kLast - 60)), day_(kFirstDay) {}
@@ -28,13 +32,6 @@ SessionClock::Passed SessionClock::Step() {
 void SessionClock::NextDay() {
   second_ = kFirst;
   day_ += weekday(day_) == std::chrono::Friday ? days(3) : days(1);
-}
-
-int SessionClock::date() const {
-  const std::chrono::year_month_day date(day_);
-  return (static_cast<int>(date.year()) - 1900) * 10000 +
-         static_cast<int>(static_cast<unsigned>(date.month()) * 100 +
-                          static_cast<unsigned>(date.day()));
 }
 
 }  // namespace demo

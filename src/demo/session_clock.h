@@ -12,11 +12,15 @@ namespace demo {
   return time / 10000 * 3600 + time / 100 % 100 * 60 + time % 100;
 }
 
+/// A day as the number with the years from 1900: 991231, 1000517.
+[[nodiscard]] int DateOf(std::chrono::sys_days day);
+
 /// Time of the market's day, in steps of 20 ms. Seconds count from midnight. The first day is a
 /// Wednesday in May 2000; some minutes after the close the clock goes on shortly before the next
 /// weekday's opening. Terminals take no records dated later than the end of 2019.
 class SessionClock {
  public:
+  static constexpr std::chrono::sys_days kFirstDay = std::chrono::year(2000) / 5 / 17;
   static constexpr int kStepMs = 20;
   static constexpr int kFirst = (8 * 60 + 59) * 60 + 40;  // where each day begins
   static constexpr int kOpening = 9 * 3600;
@@ -32,12 +36,12 @@ class SessionClock {
   };
   Passed Step();
 
+  [[nodiscard]] std::chrono::sys_days day() const { return day_; }
   [[nodiscard]] int second() const { return second_; }
   [[nodiscard]] bool is_open() const { return second_ >= kOpening && second_ < kClose; }
   /// The time as the number HHMMSS.
   [[nodiscard]] int time() const { return TimeOf(second_); }
-  /// The date as a number with the years from 1900: 1000517.
-  [[nodiscard]] int date() const;
+  [[nodiscard]] int date() const { return DateOf(day_); }
 
  private:
   void NextDay();

@@ -25,6 +25,7 @@ class Share {
   Share(std::size_t slot, int price, int capital, int activity);
 
   [[nodiscard]] std::size_t slot() const { return slot_; }
+  [[nodiscard]] int anchor() const { return anchor_; }
   [[nodiscard]] int capital() const { return capital_; }
   [[nodiscard]] int activity() const { return activity_; }
   [[nodiscard]] const OrderBook& book() const { return book_; }

@@ -10,8 +10,7 @@ EmbeddedMarket::~EmbeddedMarket() {
   thread_.wait();
 }
 
-quint16 EmbeddedMarket::Port() {
-  if (port_ != 0) return port_;
+MarketServer& EmbeddedMarket::Server() {
   if (!server_) {
     server_ = new MarketServer(options_);
     server_->moveToThread(&thread_);
@@ -19,15 +18,30 @@ quint16 EmbeddedMarket::Port() {
     thread_.setObjectName(QStringLiteral("mercado"));
     thread_.start();
   }
-  QMetaObject::invokeMethod(
-      server_, [this] { port_ = server_->Listen(0); }, Qt::BlockingQueuedConnection);
+  return *server_;
+}
+
+quint16 EmbeddedMarket::Port() {
+  if (port_ == 0) {
+    QMetaObject::invokeMethod(
+        &Server(), [this] { port_ = server_->Listen(0); }, Qt::BlockingQueuedConnection);
+  }
   return port_;
+}
+
+quint16 EmbeddedMarket::DataPort() {
+  if (data_port_ == 0) {
+    QMetaObject::invokeMethod(
+        &Server(), [this] { data_port_ = server_->ListenData(0); }, Qt::BlockingQueuedConnection);
+  }
+  return data_port_;
 }
 
 Resolver ResolverWith(EmbeddedMarket& market) {
   return [&market](const std::string& host, std::uint16_t port) {
     if (host == feed::Conecta::kServidorPropio) {
-      return Endpoint{QStringLiteral("127.0.0.1"), market.Port()};
+      return Endpoint{QStringLiteral("127.0.0.1"),
+                      port == feed::Conecta::kDataPort ? market.DataPort() : market.Port()};
     }
     return Endpoint{QString::fromStdString(host), port};
   };

@@ -21,16 +21,19 @@ class EmbeddedMarket {
 
   /// Its port on 127.0.0.1; 0 while it can't be reached.
   [[nodiscard]] quint16 Port();
+  /// The one of its history.
+  [[nodiscard]] quint16 DataPort();
 
  private:
+  [[nodiscard]] MarketServer& Server();
   const demo::FeedOptions options_;
   QThread thread_;
   MarketServer* server_ = nullptr;  // lives on the thread and ends with it
-  quint16 port_ = 0;
+  quint16 port_ = 0, data_port_ = 0;
 };
 
-/// Finds the reserved name at `market`, which outlives the resolver, and any other host where it
-/// says that it is.
+/// Finds the reserved name at `market`, which outlives the resolver, its history where a terminal
+/// looks for that, and any other host where it says that it is.
 [[nodiscard]] Resolver ResolverWith(EmbeddedMarket& market);
 
 }  // namespace qt

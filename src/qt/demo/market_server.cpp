@@ -18,7 +18,7 @@ constexpr int kMostTerminals = 64;
 }  // namespace
 
 MarketServer::MarketServer(const demo::FeedOptions& options, int head_start_ms)
-    : feed_(options), head_start_ms_(head_start_ms) {
+    : feed_(options), head_start_ms_(head_start_ms), data_(feed_.market(), options.seed, this) {
   tick_.setTimerType(Qt::PreciseTimer);
   connect(&server_, &QTcpServer::newConnection, this, &MarketServer::Accept);
   connect(&tick_, &QTimer::timeout, this, &MarketServer::Tick);

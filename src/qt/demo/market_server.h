@@ -9,12 +9,13 @@
 #include <QTimer>
 
 #include "demo/feed.h"
+#include "qt/demo/data_server.h"
 
 namespace qt {
 
 /// The embedded market on TCP, on this machine only. Market time runs with the clock while a
 /// terminal is connected, and stands still otherwise. A terminal that doesn't read holds up nobody
-/// but itself. Needs the event loop of its thread.
+/// but itself. Its history is served beside it. Needs the event loop of its thread.
 class MarketServer : public QObject {
  public:
   /// Each new terminal finds `head_start_ms` of market time waiting, sent without regard to whether
@@ -24,6 +25,8 @@ class MarketServer : public QObject {
 
   /// Listens on that port, or on any free one for 0. Returns the port, or 0 on failure.
   [[nodiscard]] quint16 Listen(quint16 port);
+  /// The same for the history.
+  [[nodiscard]] quint16 ListenData(quint16 port) { return data_.Listen(port); }
   [[nodiscard]] int terminals() const { return static_cast<int>(terminals_.size()); }
   /// Since the start, to all terminals.
   [[nodiscard]] qint64 bytes_sent() const { return bytes_sent_; }
@@ -47,6 +50,7 @@ class MarketServer : public QObject {
   // Children, so that they change threads together with the server.
   QTcpServer server_{this};
   QTimer tick_{this};
+  DataServer data_;
   QElapsedTimer running_;  // since the first terminal came
   qint64 ticked_at_ = 0;
   std::map<QTcpSocket*, Terminal> terminals_;
