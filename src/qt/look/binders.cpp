@@ -1,5 +1,6 @@
 #include "qt/look/binders.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QAbstractItemView>
@@ -7,6 +8,7 @@
 
 #include "qt/look/chart_widget.h"
 #include "qt/look/combo_bond.h"
+#include "qt/look/dir_box.h"
 #include "qt/look/grid_widget.h"
 #include "qt/look/list_widget.h"
 #include "qt/look/small_widgets.h"
@@ -215,6 +217,39 @@ void Binders::Bind(platform::PictureBox& picture, PictureWidget& widget) {
     show_common();
   });
   QObject::connect(&widget, &QAbstractButton::clicked, &context_, [&picture] { picture.Click(); });
+}
+
+void Binders::Bind(platform::DriveBox& box, QComboBox& widget) {
+  for (const std::string& drive : box.drives()) widget.addItem(Text(drive));
+  Follow(box, widget, [&box, &widget] {
+    widget.setCurrentText(Text(box.drive()));
+    ShowCommon(box, widget);
+    ShowName(widget, NameOf(SpokenCaption(box.label()), box));
+  });
+  QObject::connect(&widget, &QComboBox::textActivated, &context_,
+                   [&box, &widget](const QString& drive) {
+                     (void)box.set_drive(drive.toStdString());
+                     widget.setCurrentText(Text(box.drive()));
+                   });
+}
+
+void Binders::Bind(platform::DirBox& box, DirBoxWidget& widget) {
+  Follow(box, widget, [&box, &widget] {
+    widget.Refresh();
+    ShowCommon(box, widget);
+    ShowName(widget.field(), NameOf(SpokenCaption(box.label()), box));
+  });
+  drops_.push_back([&widget] { widget.Drop(); });
+}
+
+void Binders::Bind(platform::ProgressBar& bar, QProgressBar& widget, std::function<void()> shown) {
+  Follow(bar, widget,
+         [&bar, &widget, show_common = CommonShower(bar, widget), shown = std::move(shown)] {
+           widget.setRange(0, std::max(bar.max(), 1));  // 0 to 0 would run for ever
+           bar.max() > 0 ? widget.setValue(bar.value()) : widget.reset();
+           show_common();
+           shown();
+         });
 }
 
 void Binders::Bind(platform::Ticker& ticker, TickerWidget& widget) {

@@ -9,12 +9,14 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QObject>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "charts/chart.h"
 #include "platform/control.h"
 #include "platform/controls.h"
+#include "platform/dir_controls.h"
 #include "platform/grid.h"
 #include "platform/ticker.h"
 #include "qt/ports/frame_clock.h"
@@ -22,6 +24,7 @@
 namespace qt {
 
 class ChartWidget;
+class DirBoxWidget;
 class GridWidget;
 class LabelWidget;
 class ListWidget;
@@ -56,6 +59,11 @@ class Binders {
   void Bind(platform::OptionButton& option, QRadioButton& widget);
   void Bind(platform::ListBox& list, ListWidget& widget);
   void Bind(platform::PictureBox& picture, PictureWidget& widget);
+  void Bind(platform::DriveBox& box, QComboBox& widget);
+  void Bind(platform::DirBox& box, DirBoxWidget& widget);
+  /// Its text is up to the window, by `shown`, which runs each time after it has been brought up to
+  /// the model. One without an end shows neither text nor progress.
+  void Bind(platform::ProgressBar& bar, QProgressBar& widget, std::function<void()> shown);
   void Bind(platform::Ticker& ticker, TickerWidget& widget);
   void Bind(platform::Grid& grid, GridWidget& widget);
   /// The widget stays where it is, whatever the place of the chart, and while that is out of sight.

@@ -201,6 +201,46 @@ void Colors(QPainter& painter) {
   dab(tone::kBusy, 17.4, 9.6);
 }
 
+/// A bar of prices: from low to high, with its opening on the left and its close on the right.
+void PriceBar(QPainter& painter, double x, double high, double low, double open, double close) {
+  painter.drawLine(QPointF(x, high), QPointF(x, low));
+  painter.drawLine(QPointF(x - 2, open), QPointF(x, open));
+  painter.drawLine(QPointF(x, close), QPointF(x + 2, close));
+}
+
+/// A folder that holds bars.
+void Stores(QPainter& painter) {
+  QPainterPath folder(QPointF(2.5, 18.5));
+  folder.lineTo(2.5, 5.5);
+  folder.quadTo(2.5, 4, 4, 4);
+  folder.lineTo(8.6, 4);
+  folder.lineTo(10.8, 6.6);
+  folder.lineTo(20, 6.6);
+  folder.quadTo(21.5, 6.6, 21.5, 8.1);
+  folder.lineTo(21.5, 18.5);
+  folder.quadTo(21.5, 20, 20, 20);
+  folder.lineTo(4, 20);
+  folder.quadTo(2.5, 20, 2.5, 18.5);
+  painter.setPen(Line(tone::kAlert, 1.7));
+  painter.drawPath(folder);
+  painter.setPen(Line(tone::kGood, 1.8));
+  PriceBar(painter, 8, 10.5, 17, 15, 12);
+  painter.setPen(Line(tone::kBad, 1.8));
+  PriceBar(painter, 15.5, 9.5, 16, 11, 14);
+}
+
+/// Bars that come down into a tray.
+void History(QPainter& painter) {
+  painter.setPen(Line(tone::kMuted, 1.7));
+  painter.drawPolyline(QPolygonF({{3, 15.5}, {3, 20.5}, {21, 20.5}, {21, 15.5}}));
+  painter.setPen(Line(tone::kGood, 1.8));
+  PriceBar(painter, 5.5, 3, 11.5, 9.5, 5);
+  painter.setPen(Line(tone::kBad, 1.8));
+  PriceBar(painter, 18.5, 4, 12, 6, 10);
+  painter.setPen(Line(tone::kBusy, 2.3));
+  VerticalArrow(painter, {12, 4}, 12, 3.8);
+}
+
 class DrawnIcon : public QIconEngine {
  public:
   explicit DrawnIcon(Icon icon) : icon_(icon) {}
@@ -258,7 +298,9 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
       case Icon::colors:
         return Colors(p);
       case Icon::stores:
+        return Stores(p);
       case Icon::history:
+        return History(p);
       case Icon::none:
         return;
     }

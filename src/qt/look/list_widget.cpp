@@ -233,7 +233,7 @@ void ListWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setFont(TextFont());
   painter.setPen(tone::kMuted);
-  painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
+  painter.drawText(RoomIn(viewport()->rect()), Qt::AlignCenter | Qt::TextWordWrap, empty_text_);
 }
 
 // The headings stand in the margin above the viewport, which the list itself paints.

@@ -92,8 +92,14 @@ class Strip : public Band {
     connect(box, &QLineEdit::textChanged, this, &Strip::Arrange);
     return box;
   }
+  /// A part that isn't always there.
+  void ArrangeAround(QWidget& part) { part.installEventFilter(this); }
 
  protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) Arrange();
+    return false;
+  }
   void resizeEvent(QResizeEvent*) override { Arrange(); }
 
  private:
@@ -227,7 +233,9 @@ QWidget* MakeStrip(shell::MDI& mdi, Binders& binders, QWidget* parent) {
   QHBoxLayout& second = strip->second();
   second.addLayout(MakeWindowButtons(mdi, binders, strip));
   second.addWidget(MakeStatusTicker(mdi, binders, strip), 1);
-  second.addWidget(MakeCheck(mdi.Check1, binders, strip));
+  auto* refresh = MakeCheck(mdi.Check1, binders, strip);
+  strip->ArrangeAround(*refresh);
+  second.addWidget(refresh);
   second.addWidget(MakeCheck(mdi.Check2, binders, strip));
   second.addSpacing(4);
   second.addWidget(MakeLabel(mdi.LT, "00:00:00", Colors::theme, binders, strip));

@@ -87,6 +87,11 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
         return DrawMenuItem(*item, *painter);
       }
       break;
+    case CE_ProgressBar:
+      if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
+        return DrawProgressBar(*bar, *painter);
+      }
+      break;
     case CE_HeaderEmptyArea:
       painter->fillRect(option->rect, tone::kWindow);
       return painter->fillRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1,
@@ -137,7 +142,11 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
 QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                             SubControl part, const QWidget* widget) const {
   if (control == CC_ComboBox && (part == SC_ComboBoxArrow || part == SC_ComboBoxEditField)) {
-    return visualRect(option->direction, option->rect, ComboBoxPart(option->rect, part));
+    QRect place = ComboBoxPart(option->rect, part);
+    const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    // A field that can be typed into has its own margin.
+    if (part == SC_ComboBoxEditField && box && !box->editable) place.setLeft(place.left() + 6);
+    return visualRect(option->direction, option->rect, place);
   }
   const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
   if (control != CC_ScrollBar || !bar) {

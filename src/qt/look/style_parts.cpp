@@ -1,5 +1,7 @@
 #include "qt/look/style_parts.h"
 
+#include <algorithm>
+
 #include <QPainterPath>
 #include <QWidget>
 
@@ -44,14 +46,17 @@ void DrawButtonPanel(const QStyleOption& option, QPainter& painter) {
   const bool down = option.state.testFlag(QStyle::State_Sunken);
   const bool hover = option.state.testFlag(QStyle::State_MouseOver) &&
                      option.state.testFlag(QStyle::State_Enabled);
-  const bool main = IsDefaultButton(option);
+  const bool main = IsDefaultButton(option), on = option.state.testFlag(QStyle::State_On);
   QColor fill = main ? tone::kAccent : tone::kRaised;
+  if (on && !main) fill = Mix(tone::kWindow, tone::kAccent, 0.3);
   if (down)
     fill = fill.darker(125);
   else if (hover)
     fill = Mix(fill, Qt::white, main ? 0.18 : 0.08);
-  const QColor line =
-      focus ? (main ? QColor(Qt::white) : tone::kAccent) : (main ? fill : tone::kLine);
+  const QColor line = focus ? (main ? QColor(Qt::white) : tone::kAccent)
+                            : (main ? fill
+                               : on ? Mix(tone::kLine, tone::kAccent, 0.6)
+                                    : tone::kLine);
   DrawRounded(painter, option.rect, fill, line);
   if (focus)
     DrawRounded(painter, QRectF(option.rect).adjusted(1, 1, -1, -1), Qt::transparent, line);
@@ -149,6 +154,19 @@ void DrawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPaint
                     option.activeSubControls.testFlag(QStyle::SC_ScrollBarSlider));
   const QColor color = lit ? Mix(tone::kLine, tone::kMuted, 0.6) : tone::kLine;
   DrawRounded(painter, QRectF(slider).adjusted(2, 2, -2, -2), color, color);
+}
+
+void DrawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter) {
+  const QRectF all(option.rect);
+  DrawRounded(painter, all, tone::kGround, tone::kLine);
+  const double range = std::max(option.maximum - option.minimum, 1);
+  const double done = std::clamp((option.progress - option.minimum) / range, 0.0, 1.0);
+  painter.save();
+  painter.setClipRect(QRectF(all.topLeft(), QSizeF(all.width() * done, all.height())));
+  DrawRounded(painter, all, Mix(tone::kGround, tone::kAccent, 0.42), tone::kAccent);
+  painter.restore();
+  painter.setPen(tone::kText);
+  painter.drawText(all, Qt::AlignCenter | Qt::TextSingleLine, option.text);
 }
 
 void DrawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter) {

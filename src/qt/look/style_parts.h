@@ -22,6 +22,8 @@ void DrawCheckMark(const QStyleOption& option, QPainter& painter);
 void DrawRadioMark(const QStyleOption& option, QPainter& painter);
 /// The sign of a title bar's button in the middle of `rect`, with the pen of the painter.
 void DrawTitleSign(QPainter& painter, QStyle::SubControl control, const QRectF& rect);
+/// Its text stands on the part that is done as well as on the rest.
+void DrawProgressBar(const QStyleOptionProgressBar& option, QPainter& painter);
 void DrawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter);
 void DrawMenuItem(const QStyleOptionMenuItem& option, QPainter& painter);
 [[nodiscard]] QSize MenuItemSize(const QStyleOptionMenuItem& option);
