@@ -8,7 +8,7 @@ packages_of() {
     run) echo make g++ cmake ninja-build zlib1g-dev qt6-base-dev libqt6opengl6-dev libgl-dev libqcustomplot-dev \
       libxcb1-dev libxcb-xtest0-dev \
       qt6-translations-l10n fonts-roboto-unhinted ;;
-    test) echo libgtest-dev fonts-dejavu-core ;;
+    test) echo libgtest-dev fonts-dejavu-core xvfb ;;
     bench) echo libbenchmark-dev ;;
     fuzz) echo make cmake ninja-build zlib1g-dev clang libclang-rt-14-dev ;;
     tour) echo xvfb xauth fonts-dejavu-core ;;
