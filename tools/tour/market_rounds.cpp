@@ -15,19 +15,25 @@ void Tour::KeepShown(platform::Window& window, const QString& name) {
   window.Hide();
 }
 
-void Tour::AskForOptions(const QString& code) {
+void Tour::AnswerBox(const QString& text, const QString& name, const std::function<void()>& ask) {
   QTimer watch;  // a box stops everything else that this program does
   QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
     auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     if (!box) return;
     watch.stop();
-    box->findChild<QLineEdit*>()->setText(code);
-    Keep(box, QStringLiteral("pregunta-opciones"));
+    if (auto* field = box->findChild<QLineEdit*>()) field->setText(text);
+    Keep(box, name);
     box->accept();
   });
   watch.start(300);
+  ask();
+}
+
+void Tour::AskForOptions(const QString& code) {
   constexpr int kOptions = 66;
-  terminal_.MDI.ActiveBar1.Click({kOptions, {}});
+  AnswerBox(code, QStringLiteral("pregunta-opciones"), [this] {
+    terminal_.MDI.ActiveBar1.Click({kOptions, {}});
+  });
 }
 
 void Tour::MarketViews() {

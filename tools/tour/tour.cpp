@@ -29,8 +29,10 @@ Tour::Tour(const QString& directory, const QString& prefix)
       prefix_(prefix),
       market_(std::in_place, BusyMorning()),
       platform_(looks_,
-                [this](const std::string&, std::uint16_t) {
-                  return qt::Endpoint{"127.0.0.1", market_ ? market_->Port() : quint16{1}};
+                [this](const std::string&, std::uint16_t port) {
+                  if (!market_) return qt::Endpoint{"127.0.0.1", 1};
+                  const bool data = port == feed::Conecta::kDataPort;
+                  return qt::Endpoint{"127.0.0.1", data ? market_->DataPort() : market_->Port()};
                 }),
       terminal_(platform_, base::ProgramDir(files_.path().toStdString())) {
   qt::RegisterLooks(looks_);
@@ -97,6 +99,7 @@ bool Tour::Full() {
   MarketViews();
   Charts();
   Colors();
+  History();
   LoseServer();
   SmallScreen();
   Sort();
@@ -113,6 +116,7 @@ bool Tour::Short() {
   MarketViews();
   Charts();
   Colors();
+  History();
   return good_;
 }
 

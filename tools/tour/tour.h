@@ -40,8 +40,12 @@ class Tour {
   void Alarms();
   void MarketViews();
   void AskForOptions(const QString& code);
+  /// Answers the box that comes up next, and keeps a picture of it.
+  void AnswerBox(const QString& text, const QString& name, const std::function<void()>& ask);
   void Charts();
   void Colors();
+  void History();
+  void ChooseStores(const QString& directory);
   void Portfolios();
   void MakePortfolios();
   void RecordOperations();
