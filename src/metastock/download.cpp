@@ -1,5 +1,6 @@
 #include "metastock/download.h"
 
+#include <cmath>
 #include <utility>
 
 #include "base/ansi.h"
@@ -21,6 +22,8 @@ std::string Question(const store::Codigo& code) {
          " es nuevo, ¿Desde que fecha desea recargar? (yymmdd)\r\n\r\n"
          "Introduzca la fecha que desea sin separadores, por ejemplo 980931.";
 }
+
+float NumberOr0(float value) { return std::isfinite(value) ? value : 0; }
 
 /// The number of the first entry that isn't selected; 0 when there is none.
 std::size_t FirstPending(const Stores::Table<std::int16_t>& selected, std::int16_t count) {
@@ -83,7 +86,14 @@ void Download::Cancelar() {
   queue_.Clear();
   lecturas_.clear();
   bytes_en_espera_ = 0;
+  reader_ = {};
   encadenar_ = false;
+}
+
+void Download::DatosConectados() {
+  // What was cut off has no rest to come.
+  reader_ = {};
+  queue_.Changed();
 }
 
 void Download::OnDataArrival() {
@@ -91,7 +101,8 @@ void Download::OnDataArrival() {
   if (!rows_.running() && lecturas_.empty()) {
     Leer(tcpData_.Read(tcpData_.pending().size()));
   } else if (lecturas_.size() < kMostReads && bytes_en_espera_ < ReplyReader::kMostCarried) {
-    // What came apart is read apart: a reply ends its read. The rest waits in the socket.
+    // What came apart is read apart: a reply ends its read. The rest waits in the socket, as long
+    // as that is connected.
     lecturas_.push_back(tcpData_.Read(tcpData_.pending().size()));
     bytes_en_espera_ += lecturas_.back().size();
   }
@@ -233,6 +244,7 @@ void Download::PedirDesde(const store::Codigo& code, float date, float time) {
 void Download::RequestIntraday(std::string_view code, float date, float time, int /*flag*/) {
   if (FaseCierre_ > 0) return;
   DownloadIntraday = 1;
+  date = NumberOr0(date);
   const store::Codigo codigo = CodeOf(code);
   // Never past what the file holds.
   for (const int i : EntriesOf(stores_.EMasterTable, stores_.EMasterCount, codigo)) {
@@ -240,12 +252,13 @@ void Download::RequestIntraday(std::string_view code, float date, float time, in
     const float last = stores_.BarState[entry].Date;
     if (stores_.EMasterSelected[entry] == 0 && date > last) date = last;
   }
-  queue_.Add({HistoryRequest::Kind::intraday, codigo, date, time});
+  queue_.Add({HistoryRequest::Kind::intraday, codigo, date, NumberOr0(time)});
 }
 
 void Download::RequestDaily(std::string_view code, float date) {
   if (FaseCierre_ > 0) return;
   DownloadDaily = 1;
+  date = NumberOr0(date);
   const store::Codigo codigo = CodeOf(code);
   for (const int i : EntriesOf(stores_.MasterTable, stores_.MasterCount, codigo)) {
     const auto entry = static_cast<std::size_t>(i);

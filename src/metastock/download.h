@@ -45,11 +45,12 @@ class Download {
   void Cancelar();
 
   // Events of the data channel.
-  void DatosConectados() { queue_.Changed(); }
+  void DatosConectados();
   void OnDataArrival();
   void OnDataClose();
   void DatosFallidos() { queue_.Changed(); }
 
+  /// What is no number, as a date read from a file may be, counts as 0: the user is asked.
   void RequestIntraday(std::string_view code, float date, float time, int flag);
   void RequestDaily(std::string_view code, float date);
 

@@ -33,7 +33,7 @@ void ConvertPesetas(const store::Codigo& code, Bar& bar);
 /// Not for a row all of whose prices are next to nothing.
 [[nodiscard]] bool IsWorthStoring(const Bar& bar);
 
-/// The row that ends the daily history of an instrument; a cut one may do.
+/// The row that ends the daily history of an instrument.
 [[nodiscard]] bool IsEndMarker(std::string_view row);
 
 }  // namespace metastock

@@ -21,7 +21,7 @@ class RowStore {
     enum class End {
       rows_out,    // all rows were handled
       bad_row,     // one that can't be: what follows `date` and `time` is to be asked for again
-      fillers,     // the same, after three in a row that are no rows
+      fillers,     // the same a minute later, after three in a row that are no rows
       end_marker,  // the server has no more rows of this instrument
     };
     End end = End::rows_out;

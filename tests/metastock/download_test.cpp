@@ -329,17 +329,31 @@ TEST_F(HistoryDownload, ResumesAfterTheServerHasHungUp) {
   EXPECT_EQ(Asked(), "DATA:TEF____1000419:093000");
 }
 
-TEST_F(HistoryDownload, WhatHasNoTextIsNotSentAndHoldsNothingUp) {
-  download.RequestIntraday("BAD", kNone, 93000, 1);
-  download.RequestIntraday("BAD", 1000420, std::numeric_limits<float>::infinity(), 1);
-  download.RequestDaily("BAD", kNone);
+TEST_F(HistoryDownload, ADateThatIsNoNumberIsAskedForAndManyRequestsWait) {
+  download.steps.Preguntar = [](std::string_view) { return "000105"; };
+  download.RequestIntraday("BAD", kNone, std::numeric_limits<float>::infinity(), 1);
   download.RequestDaily("HUGE", std::numeric_limits<float>::max());
   for (int i = 0; i < 200; ++i) download.RequestDaily(std::to_string(i), 1000420);
   download.RequestDaily("5", 1000420);
   peer().Accept();
   platform.avanzar(10000);
-  EXPECT_EQ(peer().writes.size(), 100U);
-  EXPECT_TRUE(peer().writes.front().starts_with("DATD:HUGE   340282"));
+  ASSERT_EQ(peer().writes.size(), 100U);
+  EXPECT_TRUE(peer().writes[0].starts_with("DATA:BAD    000105:000000"));
+  EXPECT_TRUE(peer().writes[1].starts_with("DATD:HUGE   340282"));
+}
+
+TEST_F(HistoryDownload, WhatTheLastConnectionBrokeOffIsNotPutBeforeTheNext) {
+  AddIntraday("TEF");
+  Start();
+  (void)Asked();
+  peer().Arrive(std::string("\0AZ[4000000]MQ", 14));
+  peer().PeerClose();
+  platform.avanzar(5000);
+  download.ReanudarDescarga();
+  peer().Accept();
+  (void)Asked();
+  Arrive(RepliedIntraday("TEF", Intraday(1000425, 93000)));
+  EXPECT_EQ(stores.EMasterSelected[1], 1);
 }
 
 TEST_F(HistoryDownload, ReadsThatComeDuringAStoreFollowApart) {
