@@ -42,14 +42,24 @@ void WriteNumber(RecordFile& file, std::int64_t at, std::int16_t number) {
   file.Write(at, TextOf(std::bit_cast<std::array<char, kNumber>>(number)));
 }
 
-// The number of the last record, one more where a bar is to follow. A file that doesn't open for
-// once keeps it: a number guessed would cost the bar that stands there.
-void CountBar(const std::string& path, bool followed, std::int16_t& number) {
+// The number of the last record, 0 where it can't be read.
+std::int16_t LastRecord(const std::string& path) {
+  std::int16_t number = 0;
+  ReadNumber(RecordFile(path, kNumber, RecordFile::Known{}), kInHeader, number);
+  return number;
+}
+
+// The number of the record to write: that of the last one, `last` where it can't be read, or the
+// next one where a bar is to follow. 0, so none, while the file doesn't open: a number guessed
+// would cost the bar that stands there.
+std::int16_t CountBar(const std::string& path, bool follows, std::int16_t last) {
   RecordFile file(path, kNumber, RecordFile::Known{});
-  ReadNumber(file, kInHeader, number);
-  if (!followed || !file.is_open()) return;
-  number = base::CheckedIncrement(number);
-  WriteNumber(file, kInHeader, number);
+  if (!file.is_open()) return 0;
+  ReadNumber(file, kInHeader, last);
+  if (!follows) return last;
+  last = base::CheckedIncrement(last);
+  WriteNumber(file, kInHeader, last);
+  return last;
 }
 
 template <std::size_t N>
@@ -67,10 +77,9 @@ float DateInNarrowDaily(const RecordFile& file, std::int16_t n) {
 
 }  // namespace
 
-void WriteIntradayBar(const std::string& path, bool wide, bool followed, const Bar& bar) {
+void WriteIntradayBar(const std::string& path, bool wide, bool follows, const Bar& bar) {
   if (path.empty()) return;
-  std::int16_t n = 0;
-  CountBar(path, followed, n);
+  const std::int16_t n = CountBar(path, follows, 0);
   const auto& [date, time, open, high, low, close, volume] = bar;
   if (wide) {
     WriteRecord(path, n, Encode(date, time, open, high, low, close, volume));
@@ -98,10 +107,9 @@ void WriteNarrowDailyBar(const std::string& path, const Bar& bar) {
 void WriteWideDailyBar(Stores& stores, int file_number, const Bar& bar) {
   const std::string& path = stores.DailyFile(file_number, Stores::Cut::single_blank);
   if (path.empty()) return;
-  std::int16_t n = 0;
-  CountBar(path, false, n);
-  stores.ReadDailyBar(file_number, n);
-  CountBar(path, stores.DailyWork.Date < bar.Date, n);
+  const std::int16_t last = LastRecord(path);
+  stores.ReadDailyBar(file_number, last);
+  const std::int16_t n = CountBar(path, stores.DailyWork.Date < bar.Date, last);
   WriteRecord(path, n, Encode(bar.Date, bar.Open, bar.High, bar.Low, bar.Close, bar.Volume));
 }
 

@@ -10,7 +10,8 @@ namespace {
 // What came as infinity or NaN goes on as it is; what becomes infinite on the way doesn't fit.
 void Add(float a, float b, float& sum) {
   const float added = a + b;
-  if (!std::isinf(added) || !std::isfinite(a) || !std::isfinite(b)) sum = added;
+  const bool overflows = std::isinf(added) && std::isfinite(a) && std::isfinite(b);
+  if (!overflows) sum = added;
 }
 
 void BeginVolume(BarState& state, float volume) {

@@ -25,7 +25,8 @@ inline void MendLow(Bar& bar) {
 /// nothing is to change, with those of the bar. `period` is in minutes.
 [[nodiscard]] Change TakeQuote(BarState& state, std::int16_t period, Bar& bar);
 
-/// A row of history, of a few minutes. Rows that come late change nothing.
+/// A row of history, which leaves with the extremes and the summed volume of the bar. Rows that
+/// come late change nothing.
 [[nodiscard]] Change TakeRow(BarState& state, std::int16_t period, Bar& bar);
 
 }  // namespace metastock

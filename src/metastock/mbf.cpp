@@ -24,7 +24,7 @@ Field MbfToIeee(Field mbf) {
   if (mbf == Field{}) return mbf;
   const unsigned exponent = Byte(mbf[3] - kBiasAbove);
   const unsigned sign = mbf[2] & kTopBit;
-  // The sign bit stays in place where the exponent is even: the package's files come out so.
+  // The sign bit stays in place where the exponent is even, of a negative number too.
   const unsigned high = exponent % 2 != 0 ? mbf[2] | kTopBit : mbf[2];
   return {mbf[0], mbf[1], Byte(high), Byte(exponent / 2 | sign)};
 }

@@ -83,8 +83,8 @@ class Stores {
 };
 
 /// The slot of a day that `time` (HHMMSS) falls into, in bars of `period` minutes. Hours and
-/// minutes are read from the decimal text of `time`, one place too far right for times before
-/// 01:00. 0 where it can't be divided or held.
+/// minutes are read from the decimal text of `time`, too far right for times before 01:00. 0 where
+/// it can't be divided or held.
 [[nodiscard]] std::int16_t SlotOf(float time, std::int16_t period);
 
 }  // namespace metastock

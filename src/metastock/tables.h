@@ -23,10 +23,10 @@ struct DailyBar {
 /// The bar of an intraday entry that is being made.
 struct BarState {
   float Date = 0, Time = 0, High = 0, Low = 0, Close = 0;
-  float VolumeBase = 0;   // of the day, as the bar began
+  float VolumeBase = 0;   // from quotes: of the day as the bar began; from history: of a row
   std::int16_t Slot = 0;  // of the day, in periods
   float Open = 0, Aux = 0;
-  float VolumeNow = 0;  // of the day
+  float VolumeNow = 0;  // from quotes: of the day; from history: of the bar
 };
 
 /// An entry of the daily directory.
