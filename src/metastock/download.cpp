@@ -72,12 +72,15 @@ void Download::Actualizar() {
   encadenar_ = true;
   form_.Show();
   MostrarAvance();
+  // Two answers to one request would put the same bars into a file twice.
+  if (Ocupada() || queue_.just_sent()) return;
   if (!PedirDaily(DateOf::bar)) PedirIntraday(DateOf::bar);
 }
 
+bool Download::Ocupada() const { return !queue_.empty() || rows_.running() || !lecturas_.empty(); }
+
 void Download::ReanudarDescarga() {
-  const bool busy = !queue_.empty() || rows_.running() || !lecturas_.empty();
-  if (DownloadIntraday != 1 || DataBusy != 0 || busy) return;
+  if (DownloadIntraday != 1 || DataBusy != 0 || Ocupada()) return;
   encadenar_ = true;
   PedirIntraday(DateOf::load);
 }

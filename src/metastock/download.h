@@ -36,7 +36,8 @@ class Download {
 
   Steps steps;
 
-  /// Shows the progress and asks for the first entry that is pending.
+  /// Shows the progress and asks for the first entry that is pending, unless the download is at
+  /// work: something waits, is being stored, or was asked for within the last second.
   void Actualizar();
   /// The server has closed the channel in the middle of an intraday download: goes on.
   void ReanudarDescarga();
@@ -75,6 +76,7 @@ class Download {
   void PedirDesde(const store::Codigo& code, float date, float time);
   void Acabada(std::string_view line);
   void MostrarAvance();
+  [[nodiscard]] bool Ocupada() const;
   void Luego(void (Download::*step)());
 
   platform::Platform& platform_;

@@ -52,6 +52,8 @@ class RequestQueue {
   /// None waits any more. What the user answers from now on counts for nothing.
   void Clear();
   [[nodiscard]] bool empty() const { return jobs_.empty(); }
+  /// A request has gone out within the last second.
+  [[nodiscard]] bool just_sent() const { return !resting_.empty(); }
   /// The state of the channel has changed.
   void Changed();
 

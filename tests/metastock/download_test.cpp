@@ -342,6 +342,22 @@ TEST_F(HistoryDownload, ADateThatIsNoNumberIsAskedForAndManyRequestsWait) {
   EXPECT_TRUE(peer().writes[1].starts_with("DATD:HUGE   340282"));
 }
 
+TEST_F(HistoryDownload, ASecondStartAsksForNothingThatIsOnItsWay) {
+  AddIntraday("TEF");
+  Start();
+  download.Actualizar();
+  EXPECT_EQ(Asked(), "DATA:TEF____1000420:093000");
+  peer().Arrive(RepliedIntraday("TEF", Repeat(Intraday(1000425, 93000), 200)));
+  platform.avanzar(0);
+  download.Actualizar();
+  EXPECT_EQ(Asked(), "");
+  platform.RunPosted();
+  AddIntraday("SAN");
+  platform.avanzar(2000);
+  download.Actualizar();
+  EXPECT_EQ(Asked(), "DATA:SAN____1000420:093000");
+}
+
 TEST_F(HistoryDownload, WhatTheLastConnectionBrokeOffIsNotPutBeforeTheNext) {
   AddIntraday("TEF");
   Start();

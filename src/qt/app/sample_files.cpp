@@ -55,7 +55,8 @@ void SayWhatToDo(const QDir& directory) {
       "In the terminal, connected to \"demostracion\":\n"
       "  Meta Stock, Configurar: choose the first under \"Diario\", the other under "
       "\"Intradias\",\n"
-      "  and save them with \"Guardar\". Then Meta Stock, Actualizar.\n",
+      "  and save them with \"Guardar\". Then Meta Stock, Actualizar, soon after connecting: what\n"
+      "  is quoted before its history has come may be left without it.\n",
       qPrintable(daily), qPrintable(intraday));
   if (intraday.contains(u' ') || base::Utf8ToAnsi(intraday.toStdString()).size() > kLongestPath) {
     std::printf(

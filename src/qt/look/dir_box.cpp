@@ -100,6 +100,7 @@ void DirBoxWidget::Browse() {
   dialog->setViewMode(QFileDialog::List);
   dialog->setLabelText(QFileDialog::Accept, QStringLiteral("&Elegir"));
   connect(dialog, &QFileDialog::fileSelected, this, &DirBoxWidget::Choose);
+  connect(dialog, &QDialog::finished, field_, [field = field_] { field->setFocus(); });
   dialog->open();
 }
 
