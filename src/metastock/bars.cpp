@@ -39,6 +39,14 @@ void ForEachOf(const Codes& codes, const Stores::Table<std::int16_t>& selected, 
   }
 }
 
+// False where there is nothing to write.
+bool WriteChange(Stores& stores, std::size_t i, Change change, const Bar& bar) {
+  if (change == Change::none) return false;
+  WriteIntradayBar(stores.IntradayFile(stores.EMasterTable[i].FileNumber, Cut::single_blank),
+                   stores.EMasterWide[i] == 1, change == Change::followed, bar);
+  return true;
+}
+
 }  // namespace
 
 Bars::Bars(Stores& stores, const store::InstrumentStore& instruments, platform::Platform& platform)
@@ -63,22 +71,15 @@ void Bars::ActualizarBarras(std::int16_t slot) {
 void Bars::UpdateLiveIntraday(int entry, Bar& bar) {
   if (!IsEntry(entry)) return;
   const auto i = static_cast<std::size_t>(entry);
-  const EMasterEntry& master = stores_.EMasterTable[i];
-  const Change change = TakeQuote(stores_.BarState[i], master.Period, bar);
-  if (change == Change::none) return;
-  WriteIntradayBar(stores_.IntradayFile(master.FileNumber, Stores::Cut::single_blank),
-                   stores_.EMasterWide[i] == 1, change == Change::followed, bar);
-  if (on_live) on_live();
+  const Change change = TakeQuote(stores_.BarState[i], stores_.EMasterTable[i].Period, bar);
+  if (WriteChange(stores_, i, change, bar) && on_live) on_live();
 }
 
 void Bars::UpdateHistoricIntraday(int entry, Bar& bar) {
   if (!IsEntry(entry)) return;
   const auto i = static_cast<std::size_t>(entry);
-  const EMasterEntry& master = stores_.EMasterTable[i];
-  const Change change = TakeRow(stores_.BarState[i], master.Period, bar);
-  if (change == Change::none) return;
-  WriteIntradayBar(stores_.IntradayFile(master.FileNumber, Stores::Cut::single_blank),
-                   stores_.EMasterWide[i] == 1, change == Change::followed, bar);
+  const Change change = TakeRow(stores_.BarState[i], stores_.EMasterTable[i].Period, bar);
+  (void)WriteChange(stores_, i, change, bar);
 }
 
 void Bars::UpdateDaily(int entry, const Bar& bar) {
