@@ -23,6 +23,14 @@ requires std::integral<T> || std::floating_point<T>
   return true;
 }
 
+/// The same, and 0 where even one byte of it is missing.
+template <typename T>
+[[nodiscard]] T FieldAt(std::string_view bytes, std::size_t offset) {
+  T value{};
+  (void)ReadField(bytes, offset, value);
+  return value;
+}
+
 /// Text field of `count` bytes at `offset`: what is there of it.
 [[nodiscard]] constexpr std::string_view TextField(std::string_view bytes, std::size_t offset,
                                                    std::size_t count) {

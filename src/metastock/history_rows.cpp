@@ -5,35 +5,31 @@
 namespace metastock {
 namespace {
 
+using base::FieldAt;
+
 constexpr float kOldestDate = 970101, kLatestDate = 1091231;
 constexpr double kPesetasPerEuro = 166.386, kNextToNothing = 0.1;
-
-float FloatAt(std::string_view row, std::size_t offset) {
-  float value = 0;
-  (void)base::ReadField(row, offset, value);
-  return value;
-}
 
 }  // namespace
 
 Bar DecodeIntraday(std::string_view row) {
-  return {.Date = FloatAt(row, 0),
-          .Time = FloatAt(row, 4),
-          .Open = FloatAt(row, 24),
-          .High = FloatAt(row, 8),
-          .Low = FloatAt(row, 12),
-          .Close = FloatAt(row, 16),
-          .Volume = FloatAt(row, 20)};
+  return {.Date = FieldAt<float>(row, 0),
+          .Time = FieldAt<float>(row, 4),
+          .Open = FieldAt<float>(row, 24),
+          .High = FieldAt<float>(row, 8),
+          .Low = FieldAt<float>(row, 12),
+          .Close = FieldAt<float>(row, 16),
+          .Volume = FieldAt<float>(row, 20)};
 }
 
 Bar DecodeDaily(std::string_view row) {
-  return {.Date = FloatAt(row, 0),
-          .Time = FloatAt(row, 4),
-          .Open = FloatAt(row, 100),
-          .High = FloatAt(row, 108),
-          .Low = FloatAt(row, 112),
-          .Close = FloatAt(row, 104),
-          .Volume = FloatAt(row, 24)};
+  return {.Date = FieldAt<float>(row, 0),
+          .Time = FieldAt<float>(row, 4),
+          .Open = FieldAt<float>(row, 100),
+          .High = FieldAt<float>(row, 108),
+          .Low = FieldAt<float>(row, 112),
+          .Close = FieldAt<float>(row, 104),
+          .Volume = FieldAt<float>(row, 24)};
 }
 
 bool IsFiller(const Bar& bar) { return bar.Date < 900000; }

@@ -11,6 +11,7 @@
 namespace metastock {
 namespace {
 
+using base::FieldAt;
 using base::TextField;
 
 constexpr std::size_t kHeader = 40;
@@ -31,13 +32,6 @@ std::int16_t CountIn(std::string_view content) {
   std::int16_t count = 0;
   if (content.size() >= kHeader) (void)base::ReadField(content, 0, count);
   return std::clamp<std::int16_t>(count, 0, Stores::kMaxEntries);
-}
-
-template <typename T>
-T FieldAt(std::string_view bytes, std::size_t offset) {
-  T value{};
-  (void)base::ReadField(bytes, offset, value);
-  return value;
 }
 
 // Both take a whole entry. What the dates will be is found out from the data file.
