@@ -11,19 +11,19 @@ preset = cmake --preset $(1) --log-level=WARNING && cmake --build --preset $(1)
 .PHONY: run build test bench fuzz tour tidy format clean
 
 run:
-	@$(install) run bench
+	@$(install) run office bench
 	@$(call preset,release) --target cotirama
 	@if [ -z "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
 	  echo "There is no display to run on; \`make tour\` leaves pictures of every window in build/tour/."; \
 	else exec build/bin/cotirama; fi
 
 build:
-	@$(install) run bench
+	@$(install) run office bench
 	@$(call preset,release)
 
 # The plain run stands last, so that its summary closes the output.
 test:
-	@$(install) run test bench fuzz
+	@$(install) run office test bench fuzz
 	@$(MAKE) --no-print-directory fuzz FUZZ_SECONDS=10
 	@$(MAKE) --no-print-directory bench BENCH_SECONDS=0.01 LOAD_SECONDS=1
 	@$(call preset,asan)
@@ -47,9 +47,10 @@ tour: build
 	@xvfb-run -a -s '-screen 0 1920x1200x24' build/release/cotirama-tour build/tour
 
 tidy:
-	@$(install) run tidy
+	@$(install) run office tidy
 	@$(call preset,tidy)
-	@find src -name '*.cpp' | sort | xargs -P $$(nproc) -n 1 clang-tidy -p build/tidy --quiet
+	@sed -n 's,^ *"file": "\($(CURDIR)/src/.*\.cpp\)".*,\1,p' build/tidy/compile_commands.json | sort -u | \
+	  xargs -P $$(nproc) -n 1 clang-tidy -p build/tidy --quiet
 
 format:
 	@$(install) format

@@ -15,7 +15,8 @@ endif()
 
 if(COTIRAMA_SANITIZE)
   set(sanitize -fsanitize=${COTIRAMA_SANITIZE} -fno-sanitize-recover=all)
-  target_compile_options(cotirama_flags INTERFACE ${sanitize} -fno-omit-frame-pointer -g1)
+  target_compile_options(cotirama_flags INTERFACE ${sanitize} -fno-omit-frame-pointer -g1
+    $<$<BOOL:$<TARGET_PROPERTY:COTIRAMA_UNO>>:-fno-sanitize=vptr>)
   target_link_options(cotirama_flags INTERFACE ${sanitize})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Instrumented code hides from GCC that a value was set.

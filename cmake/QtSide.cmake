@@ -8,8 +8,9 @@ set(COTIRAMA_QT_HEADERS
 
 # cotirama_qt_side(TARGET)
 #
-# What only the library of the Qt side needs: moc, precompiled headers, and the embedded fonts and
-# translation of the standard dialogs, so that the executable runs from any directory.
+# What only the library of the Qt side needs: moc, precompiled headers, and the embedded fonts,
+# translation of the standard dialogs and user's guide, so that the executable runs from any
+# directory.
 function(cotirama_qt_side target)
   get_target_property(type ${target} TYPE)
   if(type STREQUAL "INTERFACE_LIBRARY")
@@ -25,13 +26,25 @@ function(cotirama_qt_side target)
   find_file(COTIRAMA_QTBASE_ES qtbase_es.qm PATHS ${translations} NO_DEFAULT_PATH REQUIRED)
   find_path(COTIRAMA_ROBOTO Roboto-Regular.ttf REQUIRED NO_DEFAULT_PATH
     PATHS /usr/share/fonts/truetype/roboto/unhinted/RobotoTTF)
+  find_path(COTIRAMA_DEJAVU DejaVuSansMono.ttf REQUIRED NO_DEFAULT_PATH
+    PATHS /usr/share/fonts/truetype/dejavu)
 
   # As they are: the program starts faster when nothing has to be expanded.
   set(entries "  <file compress-algo=\"none\" alias=\"i18n/qtbase_es.qm\">${COTIRAMA_QTBASE_ES}</file>\n")
-  foreach(face Regular Medium Bold)
+  foreach(face Regular Medium)
     string(APPEND entries
       "  <file compress-algo=\"none\" alias=\"fonts/Roboto-${face}.ttf\">${COTIRAMA_ROBOTO}/Roboto-${face}.ttf</file>\n")
   endforeach()
+  file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/manual/*.html
+    ${PROJECT_SOURCE_DIR}/docs/manual/*.css ${PROJECT_SOURCE_DIR}/docs/manual/*.png)
+  foreach(page ${pages})
+    cmake_path(GET page FILENAME name)
+    string(APPEND entries
+      "  <file compress-algo=\"none\" alias=\"manual/${name}\">${page}</file>\n")
+  endforeach()
+  # Loaded with the first page, not at the start.
+  string(APPEND entries
+    "  <file threshold=\"20\" alias=\"fonts/DejaVuSansMono.ttf\">${COTIRAMA_DEJAVU}/DejaVuSansMono.ttf</file>\n")
   set(qrc ${CMAKE_CURRENT_BINARY_DIR}/embedded.qrc)
   file(CONFIGURE OUTPUT ${qrc} CONTENT "<RCC><qresource>\n@entries@</qresource></RCC>\n" @ONLY)
 

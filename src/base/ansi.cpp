@@ -92,6 +92,16 @@ std::string Utf8ToAnsi(std::string_view utf8) {
   return bytes;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  if (IsAscii(bytes)) return true;
+  while (!bytes.empty()) {
+    const std::size_t length = FirstOf(bytes).length;
+    if (length == 0) return false;
+    bytes.remove_prefix(length);
+  }
+  return true;
+}
+
 std::string UpperAnsi(std::string_view bytes) {
   std::string upper(bytes);
   for (char& c : upper) {

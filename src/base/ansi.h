@@ -15,6 +15,9 @@ namespace base {
 /// valid UTF-8, becomes "?".
 [[nodiscard]] std::string Utf8ToAnsi(std::string_view utf8);
 
+/// Whether `bytes` are UTF-8 through and through.
+[[nodiscard]] bool IsUtf8(std::string_view bytes);
+
 /// Capitals of a Windows-1252 text: a-z, and E0-FE except F7. Other bytes stay.
 [[nodiscard]] std::string UpperAnsi(std::string_view bytes);
 

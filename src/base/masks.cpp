@@ -139,6 +139,14 @@ std::string NumberText(std::int64_t value) {
   return text;
 }
 
+double AsWritten(float value) {
+  std::array<char, 32> buffer;
+  const char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  double written = value;
+  std::from_chars(buffer.data(), end, written);
+  return written;
+}
+
 void AppendNumberText(std::string& out, std::int64_t value) {
   std::array<char, 24> buffer;
   const auto printed = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);

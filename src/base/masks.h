@@ -86,4 +86,8 @@ inline constexpr Mask kSixDigits{"000000"};
 [[nodiscard]] std::string NumberText(std::int64_t value);
 void AppendNumberText(std::string& out, std::int64_t value);
 
+/// The number that the shortest decimal of `value` stands for: 11.05, where widening would give
+/// 11.050000190734863. NaN and infinities stay.
+[[nodiscard]] double AsWritten(float value);
+
 }  // namespace base

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/inflate.h"
 #include "base/text.h"
 #include "demo/bulletins.h"
+#include "demo/pages.h"
 
 namespace demo {
 namespace {
@@ -12,7 +14,8 @@ namespace {
 using wire::Batches;
 
 constexpr int kCreditPerStep = 4;
-constexpr int kLoadCost = 200, kOptionsCost = 20;
+constexpr int kLoadCost = 200, kOptionsCost = 20, kPageCost = 10;
+constexpr std::string_view kPageRequest = ":PAGS:";
 constexpr std::size_t kMastersPerStep = 6 * Batches::kMostRecords;
 constexpr std::size_t kMostBooks = 5000;
 constexpr std::size_t kBooksPerStep = 80;  // one message of usual length
@@ -54,6 +57,9 @@ void Connection::Handle(std::string_view message) {
     AnswerBook(message.substr(2));
   } else if (message.starts_with("INIMER:.")) {
     AnswerOptions(message.substr(8));
+  } else if (message.starts_with("Msg:")) {
+    const std::size_t at = message.find(kPageRequest);
+    if (at != std::string_view::npos) AnswerPage(message.substr(at + kPageRequest.size()));
   }
   // "RNET" and acknowledged notices need no answer.
 }
@@ -98,6 +104,19 @@ void Connection::AnswerOptions(std::string_view wish) {
        market_.OpenOptions(base::Trim(wish.substr(1)), wish.front() == 'C')) {
     Queue(slot);
   }
+}
+
+// Compressed behind the mark; now and then it goes as it is, which terminals understand as well.
+void Connection::AnswerPage(std::string_view number) {
+  constexpr int kPlainEach = 4;
+  if (!Spend(kPageCost)) return;
+  const std::string page = pages::Make(market_, number);
+  ++pages_;
+  const std::string message = "Pag " + (pages_ % kPlainEach == 0 ? page : base::Compress(page));
+  // In a frame: a text as long as this would be lost when it comes in two reads.
+  std::string packed;
+  packer_.Pack({&message, 1}, packed);
+  Send(packed);
 }
 
 void Connection::Queue(std::size_t slot) {

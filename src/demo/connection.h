@@ -39,6 +39,7 @@ class Connection {
   void AnswerMaster(std::string_view code);
   void AnswerBook(std::string_view code);
   void AnswerOptions(std::string_view wish);
+  void AnswerPage(std::string_view number);
   void Queue(std::size_t slot);
   [[nodiscard]] bool Spend(int cost);
 
@@ -64,6 +65,7 @@ class Connection {
   bool following_ = false;           // has asked for the market
   bool loaded_ = false;              // has all records and so gets what moves
   int credit_ = kMostCredit;         // for requests; comes back with time
+  unsigned pages_ = 0;               // sent
   std::deque<std::size_t> queue_;    // records to send
   std::vector<bool> queued_, told_;  // by slot: stands in queue_; has been sent
   std::vector<Subscription> books_;

@@ -79,8 +79,11 @@ class Conecta : public platform::Window {
   void Cerrar();
 
   [[nodiscard]] bool SesionLista() const { return session_.SesionLista; }
-  /// 12 characters, blank padded.
-  [[nodiscard]] std::string IdSesion() const { return session_.IdSesion.utf8(); }
+  /// 12 bytes, blank padded.
+  [[nodiscard]] std::string IdSesion() const { return std::string(session_.IdSesion.bytes()); }
+  /// As typed at the login, 7 characters at most.
+  [[nodiscard]] std::string Usuario() const { return session_.Usuario.trimmed_utf8(); }
+  [[nodiscard]] std::string Clave() const { return session_.Clave.trimmed_utf8(); }
   /// Bytes read since program start.
   [[nodiscard]] std::int32_t BytesTransferidos() const { return bytes_transferidos_; }
   [[nodiscard]] const MarketDecoder& decoder() const { return decoder_; }

@@ -37,7 +37,21 @@ enum class Icon {
   options,
   period,
   stores,
-  history
+  history,
+  pages,
+  web,
+  sheet_on,
+  sheet_off,
+  home,
+  service,
+  forum,
+  chat,
+  about,
+  back,
+  forward,
+  refresh,
+  halt,
+  search
 };
 
 /// One button of a tool bar, or a separator where the number is 0. The tip is its accessible name.

@@ -2,8 +2,12 @@
 
 #include <functional>
 #include <memory>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "platform/ports.h"
+#include "platform/spreadsheet.h"
 #include "platform/window_list.h"
 
 namespace platform {
@@ -14,6 +18,12 @@ struct LocalTime {
   int month = 1, day = 1;
   int hour = 0, minute = 0, second = 0;
   friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
+
+/// A file that comes with the program. Both are there for the whole run.
+struct ShippedFile {
+  std::string name;  // plain, without a directory
+  std::string_view bytes;
 };
 
 /// Everything that the logic asks of the outside, and the list of loaded windows. One a program (or
@@ -36,6 +46,9 @@ class Platform {
   [[nodiscard]] virtual Printer& printer() = 0;
   [[nodiscard]] virtual Sound& sound() = 0;
   [[nodiscard]] virtual OtherWindows& other_windows() = 0;
+  [[nodiscard]] virtual Spreadsheet& spreadsheet() = 0;
+  /// The user's guide: "index.html" and its pictures.
+  [[nodiscard]] virtual std::span<const ShippedFile> manual() const = 0;
 };
 
 }  // namespace platform

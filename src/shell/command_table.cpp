@@ -10,9 +10,10 @@ namespace shell {
 namespace {
 
 using platform::Icon;
+using Pagina = services::Browser::Pagina;
 
-constexpr std::array<std::string_view, 4> kMenuCaptions{"&Instrumentos", "&Alarmas", "&Carteras",
-                                                        "&Meta Stock"};
+constexpr std::array<std::string_view, 7> kMenuCaptions{
+    "&Páginas", "&Instrumentos", "&Alarmas", "&Carteras", "&Meta Stock", "&Excel", "Inter&net"};
 
 template <auto kWindow>
 void Show(Terminal& terminal) {
@@ -32,6 +33,21 @@ void AskForOptions(Terminal& terminal) {
 
 void UpdateHistory(Terminal& terminal) { terminal.Download.Actualizar(); }
 
+template <services::Browser::Pagina kPagina>
+void Open(Terminal& terminal) {
+  terminal.Browser.Abrir(kPagina);
+}
+
+void StartSheet(Terminal& terminal) {
+  if (terminal.Excel.ExcelBusy == 0) terminal.Excel.ExcelAttach();
+}
+
+void StartSheetOnce(Terminal& terminal) {
+  if (terminal.Excel.ExcelOff == 0) StartSheet(terminal);
+}
+
+void StopSheet(Terminal& terminal) { terminal.Excel.ExcelDetach(); }
+
 template <auto kControl>
 std::function<void()>& Click(MDI& mdi) {
   return (mdi.*kControl).on_click;
@@ -43,6 +59,20 @@ std::function<void()>& DoubleClick(MDI& mdi) {
 }
 
 constexpr std::array kCommands{
+    Command{.menu = Menu::paginas,
+            .item = 0,
+            .caption = "&Páginas Cotirama",
+            .key = "Ctrl+7",
+            .tool = 10,
+            .icon = Icon::pages,
+            .action = Show<&Terminal::Pages>},
+    Command{.menu = Menu::paginas,
+            .item = 1,
+            .caption = "&Internet",
+            .key = "Ctrl+8",
+            .tool = 25,
+            .icon = Icon::web,
+            .action = Show<&Terminal::Browser>},
     Command{.menu = Menu::instrumentos,
             .item = 0,
             .caption = "&Mercado Continuo",
@@ -140,6 +170,7 @@ constexpr std::array kCommands{
             .item = 3,
             .caption = "&Estadísticas",
             .tool = 42,
+            .tip = "Estadísticas de Carteras",
             .icon = Icon::statistics,
             .action = Show<&Terminal::Detalle>},
     Command{.menu = Menu::carteras,
@@ -154,6 +185,7 @@ constexpr std::array kCommands{
             .caption = "&Configurar",
             .key = "Ctrl+E",
             .tool = 50,
+            .tip = "Configurar Meta Stock",
             .icon = Icon::stores,
             .action = Show<&Terminal::Meta>},
     Command{.menu = Menu::meta_stock,
@@ -161,6 +193,7 @@ constexpr std::array kCommands{
             .caption = "&Actualizar",
             .key = "F5",
             .tool = 51,
+            .tip = "Actualizar Meta Stock",
             .icon = Icon::history,
             .action = UpdateHistory},
     Command{.menu = Menu::meta_stock,
@@ -171,6 +204,58 @@ constexpr std::array kCommands{
             .icon = Icon::period,
             .action = PedirPeriodo,
             .tool_action = PedirPeriodoCorto},
+    Command{.menu = Menu::excel,
+            .item = 0,
+            .caption = "&Activar Cotirama Excel",
+            .key = "Ctrl+H",
+            .tool = 78,
+            .icon = Icon::sheet_on,
+            .action = StartSheetOnce,
+            .tool_action = StartSheet},
+    Command{.menu = Menu::excel,
+            .item = 1,
+            .caption = "&Deshactivar Cotirama Excel",
+            .tool = 79,
+            .icon = Icon::sheet_off,
+            .action = StopSheet},
+    Command{.menu = Menu::internet,
+            .item = 0,
+            .caption = "&Internet",
+            .tool = 4,
+            .tip = "Internet: página de inicio",
+            .icon = Icon::home,
+            .action = Open<Pagina::inicio>},
+    Command{.menu = Menu::internet,
+            .item = 1,
+            .caption = "&Cotirama",
+            .tool = 5,
+            .tip = "Internet: página de Cotirama",
+            .icon = Icon::service,
+            .action = Open<Pagina::servicio>},
+    Command{.menu = Menu::internet,
+            .item = 2,
+            .caption = "&Manual",
+            .key = "F1",
+            .action = Open<Pagina::manual>},
+    Command{.menu = Menu::internet,
+            .item = 4,
+            .caption = "&Sugerencias",
+            .tool = 99,
+            .icon = Icon::forum,
+            .action = Open<Pagina::foro>},
+    Command{.menu = Menu::internet,
+            .item = 5,
+            .caption = "Sobre el &Autor",
+            .tool = 6,
+            .icon = Icon::about,
+            .action = Show<&Terminal::Sobre>},
+    Command{.menu = Menu::internet,
+            .item = 7,
+            .caption = "Irc C&hat",
+            .key = "Ctrl+9",
+            .tool = 1,
+            .icon = Icon::chat,
+            .action = Show<&Terminal::Irc>},
     Command{.item = 0,
             .caption = "Operar",
             .key = "F3",

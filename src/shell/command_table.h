@@ -13,7 +13,7 @@ class MDI;
 class Terminal;
 
 /// The menus, from left to right.
-enum class Menu { instrumentos, alarmas, carteras, meta_stock, none };
+enum class Menu { paginas, instrumentos, alarmas, carteras, meta_stock, excel, internet, none };
 
 [[nodiscard]] std::string_view CaptionOf(Menu menu);
 
@@ -27,6 +27,7 @@ struct Command {
   std::string_view caption{};  // with the mnemonic, which no other of its menu has
   std::string_view key{};      // accelerator
   int tool = 0;                // number of its tool
+  std::string_view tip{};      // of its tool, where the caption needs its menu to be understood
   platform::Icon icon = platform::Icon::none;
   Action action = nullptr;
   Action tool_action = nullptr;  // where the tool does something else

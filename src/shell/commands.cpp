@@ -44,7 +44,8 @@ void AddToMenu(Terminal& terminal, const Command& command, const Command* before
 void AddTool(platform::ToolBar& bar, const Command& command, const Command* before) {
   if (command.tool == 0) return;
   if (before && before->menu != command.menu) bar.tools.push_back({});
-  bar.tools.push_back({command.tool, Plain(command.caption), command.icon});
+  bar.tools.push_back(
+      {command.tool, Plain(command.tip.empty() ? command.caption : command.tip), command.icon});
 }
 
 void AddToStrip(Terminal& terminal, const Command& command) {

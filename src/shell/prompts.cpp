@@ -39,6 +39,8 @@ void PedirOpciones(Terminal& terminal, bool capitals) {
   if (!terminal.Conecta.conectado()) return;
   const std::string answer = Preguntar(terminal, "Codigo de Opcion, Ejemplo: FIE,TEF,ELE...");
   std::string code = base::Utf8ToAnsi(base::Trim(answer));
+  // What ends a message can't stand in one.
+  std::erase_if(code, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\xFF'; });
   if (capitals) code = base::UpperAnsi(code);
   std::string messages = "INIMER:.C" + code;
   messages.append(feed::kTerminador).append("INIMER:.P").append(code);

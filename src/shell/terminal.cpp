@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "alarms/evaluate.h"
+#include "services/manual.h"
 #include "shell/commands.h"
 
 namespace shell {
@@ -42,6 +43,11 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
       Meta(platform, directory_, Stores),
       Download(platform, directory_, Stores, Bars, Form1, *Conecta.tcpData, MDI.FaseCierre),
       Refresh(platform.other_windows(), MDI.Check1, Conecta.TickCarteras),
+      Excel(platform.spreadsheet(), store),
+      Pages(platform),
+      Irc(platform),
+      Browser(platform),
+      Sobre(platform, shell::MDI::kCaption),
       resumen_(MDI, store, Carteras, TCartera),
       stop_(*this) {
   JoinMainWindow();
@@ -50,6 +56,7 @@ Terminal::Terminal(platform::Platform& platform, base::ProgramDir directory)
   JoinCharts();
   JoinColors();
   JoinMetaStock();
+  JoinServices();
   JoinCommands(*this);
 }
 
@@ -109,7 +116,11 @@ void Terminal::JoinViews() {
 
 void Terminal::JoinCharts() {
   pipeline.steps.graficos = [this](std::int16_t slot) { Graficos.GraficosVivo(slot); };
-  pipeline.steps.ticks = [this](std::int16_t slot) { Ticks.TickAppend(slot); };
+  pipeline.steps.ticks = [this](std::int16_t slot) {
+    Ticks.TickAppend(slot);
+    Excel.RefrescarFilas(slot);
+  };
+  Excel.steps.TickAppend = pipeline.steps.ticks;
   pipeline.steps.hot = [this](std::int16_t slot) {
     if (Hot.loaded()) Hot.ActuaHot(slot);
   };
@@ -168,6 +179,18 @@ void Terminal::JoinMetaStock() {
   steps.OnDataArrival = [this] { Download.OnDataArrival(); };
   steps.OnDataClose = [this] { Download.OnDataClose(); };
   steps.DatosFallidos = [this] { Download.DatosFallidos(); };
+}
+
+void Terminal::JoinServices() {
+  Conecta.steps.PaginaLista = [this](std::string_view page) { Pages.PaginaLista(page); };
+  Pages.steps = {.Conectado = [this] { return Conecta.conectado(); },
+                 .IdSesion = [this] { return Conecta.IdSesion(); },
+                 .EnviarTexto = [this](std::string_view text) { (void)Conecta.EnviarTexto(text); }};
+  Irc.steps = {.Usuario = [this] { return Conecta.Usuario(); },
+               .Clave = [this] { return Conecta.Clave(); }};
+  Browser.steps.Manual = [this] {
+    return services::EscribirManual(directory_, platform_.manual());
+  };
 }
 
 void Terminal::Start() {

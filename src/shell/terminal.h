@@ -24,10 +24,15 @@
 #include "portfolios/operar_cartera.h"
 #include "portfolios/portfolio_store.h"
 #include "portfolios/t_cartera.h"
+#include "services/browser.h"
+#include "services/irc.h"
+#include "services/pages.h"
+#include "services/sobre.h"
 #include "shell/mdi.h"
 #include "shell/resumen.h"
 #include "shell/start_up.h"
 #include "shell/stop.h"
+#include "spreadsheet/excel.h"
 #include "store/instrument_store.h"
 #include "store/update_pipeline.h"
 #include "views/color_records.h"
@@ -69,6 +74,7 @@ class Terminal {
   void JoinCharts();
   void JoinColors();
   void JoinMetaStock();
+  void JoinServices();
   platform::Platform& platform_;
   base::ProgramDir directory_;
 
@@ -107,6 +113,11 @@ class Terminal {
   metastock::Meta Meta;
   metastock::Download Download;
   metastock::Refresh Refresh;
+  spreadsheet::Excel Excel;
+  services::Pages Pages;
+  services::Irc Irc;
+  services::Browser Browser;
+  services::Sobre Sobre;
 
  private:
   Resumen resumen_;

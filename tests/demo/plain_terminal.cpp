@@ -44,6 +44,7 @@ void PlainTerminal::Clear() {
   times.clear();
   dates.clear();
   texts.clear();
+  pages.clear();
   faults.clear();
 }
 
@@ -102,7 +103,12 @@ void PlainTerminal::Unwrap(std::string payload) {
 void PlainTerminal::Take(const std::string& message) {
   messages.push_back(message);
   const std::string mark = message.substr(0, 3);
-  if (message.find("Pag") != std::string::npos) {
+  if (message.starts_with("Pag ")) {
+    std::string page = message.substr(4);
+    if (page.starts_with("MQ") && !base::Expand(page, page, 1 << 22))
+      faults.push_back("broken page");
+    pages.push_back(page);
+  } else if (message.find("Pag") != std::string::npos) {
     faults.push_back("looks like a page");
   } else if (message == "0000" || message == "0003" || mark == "Msg" ||
              message.starts_with("Not:") || base::Mid(message, 4, 3) == "ALE") {

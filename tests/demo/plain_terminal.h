@@ -47,6 +47,7 @@ class PlainTerminal {
   std::vector<std::string> booked;
   std::vector<float> times, dates;  // of the clock
   std::vector<std::string> texts;   // other messages that a terminal knows
+  std::vector<std::string> pages;   // expanded
   std::vector<std::string> faults;  // what no terminal would understand
 
   int plain = 0, framed = 0, compressed = 0, chained = 0;  // forms met, over all

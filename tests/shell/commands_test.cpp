@@ -38,10 +38,12 @@ class CommandsTest : public TerminalTest {
 
 TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
   const auto& mdi = terminal->MDI;
-  // The keys of boards and panes come first.
-  std::set<std::string> keys{"Ctrl+S", "Ctrl+C", "Ctrl+P", "Ctrl+G", "Ctrl+O", "F1", "F6"};
+  // The keys of boards, tickets, fields and panes come first.
+  std::set<std::string> keys{"Ctrl+S", "Ctrl+C", "Ctrl+P", "Ctrl+G", "Ctrl+O",  "Ctrl+I", "Ctrl+D",
+                             "Ctrl+A", "Ctrl+V", "Ctrl+X", "Ctrl+Z", "Ctrl+F4", "F6"};
   std::set<char> bar{Mnemonic(mdi.Check1.caption()), Mnemonic(mdi.Check2.caption())};
   std::set<platform::Icon> icons{platform::Icon::none};
+  std::set<std::string> tips;
   std::string menus, tools;
   for (const auto& menu : mdi.menu) {
     EXPECT_TRUE(bar.insert(Mnemonic(menu.caption)).second) << menu.caption;
@@ -61,21 +63,33 @@ TEST_F(CommandsTest, MenusAndToolBarOfferWhatExistsInItsOrderWithoutClashes) {
   }
   for (const auto& tool : mdi.ActiveBar1.tools) {
     EXPECT_TRUE(tool.number == 0 || icons.insert(tool.icon).second) << tool.tip;
+    EXPECT_TRUE(tool.number == 0 || tips.insert(tool.tip).second) << tool.tip;
     tools += tool.number == 0 ? "-\n" : std::to_string(tool.number) + " " + tool.tip + "\n";
   }
   EXPECT_EQ(menus,
+            "Páginas: [Páginas Cotirama] [Internet]\n"
             "Instrumentos: [Mercado Continuo] [Indices] [Futuros] [Divisas] [Estadísticas] -"
             " [Configuracion] [Opciones MEFF] [Hot]\n"
             "Alarmas: [Alarma por Precio] [Alarma por Volumen] - [Ver Alarmas]\n"
-            "Carteras: [Configurar Carteras] [Ver Carteras] - [Estadísticas] - [Negociaciones]\n"
+            "Carteras: [Configurar Carteras] [Ver Carteras] - [Estadísticas] -"
+            " [Negociaciones]\n"
             "Meta Stock: [Configurar] [Actualizar] - [Definir Tiempo de Refresco]\n"
+            "Excel: [Activar Cotirama Excel] [Deshactivar Cotirama Excel]\n"
+            "Internet: [Internet] [Cotirama] [Manual] - [Sugerencias] [Sobre el Autor] -"
+            " [Irc Chat]\n"
             "F3 Operar\nF4 Valores en Carteras\n");
   EXPECT_EQ(tools,
+            "10 Páginas Cotirama\n25 Internet\n-\n"
             "24 Mercado Continuo\n20 Indices\n21 Futuros\n22 Divisas\n23 Configuracion\n"
             "66 Opciones MEFF\n-\n"
             "30 Alarma por Precio\n31 Alarma por Volumen\n32 Ver Alarmas\n-\n"
-            "40 Configurar Carteras\n41 Ver Carteras\n42 Estadísticas\n80 Negociaciones\n-\n"
-            "50 Configurar\n51 Actualizar\n52 Definir Tiempo de Refresco\n");
+            "40 Configurar Carteras\n41 Ver Carteras\n42 Estadísticas de Carteras\n"
+            "80 Negociaciones\n-\n"
+            "50 Configurar Meta Stock\n51 Actualizar Meta Stock\n"
+            "52 Definir Tiempo de Refresco\n-\n"
+            "78 Activar Cotirama Excel\n79 Deshactivar Cotirama Excel\n-\n"
+            "4 Internet: página de inicio\n5 Internet: página de Cotirama\n99 Sugerencias\n"
+            "6 Sobre el Autor\n1 Irc Chat\n");
 }
 
 TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
@@ -91,6 +105,8 @@ TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
     const char* menu = "";
   };
   const Case cases[] = {
+      {"Páginas Cotirama", 10, {}, &t.Pages},
+      {"Internet", 25, {}, &t.Browser, 0, "Páginas"},
       {"Mercado Continuo", 24, {&mdi.Command3.on_click}, &t.Continuo},
       {"Indices", 20, {&mdi.Command4.on_click}, &t.Indices},
       {"Futuros", 21, {&mdi.Command5.on_click}, &t.Futuros},
@@ -107,9 +123,19 @@ TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
       {"Negociaciones", 80, {}, &t.Form2},
       {"Configurar", 50, {}, &t.Meta},
       {"Actualizar", 51, {}, &t.Form1},
+      {"Internet", 4, {}, &t.Browser, 0, "Internet"},
+      {"Cotirama", 5, {}, &t.Browser},
+      {"Manual", 0, {}, &t.Browser},
+      {"Sugerencias", 99, {}, &t.Browser},
+      {"Sobre el Autor", 6, {}, &t.Sobre},
+      {"Irc Chat", 1, {}, &t.Irc},
       {"Operar", 0, {&mdi.Command2.on_click}, &t.Operar_Cartera},
       {"Valores en Carteras", 0, {&mdi.Label1.on_click, &mdi.Combo1.on_double_click}, &t.TCartera}};
+  std::set<int> tools{66, 52, 78, 79};  // tried below, with their items
+  std::ptrdiff_t items = 4;
   for (const Case& test : cases) {
+    items += 1;
+    tools.insert(test.tool);
     std::vector<std::function<void()>> ways{[&] { Pick(test.command, test.menu); }};
     if (test.tool != 0) ways.push_back([&] { PressTool(test.tool); });
     for (auto* hook : test.strip) ways.push_back(*hook);
@@ -123,9 +149,66 @@ TEST_F(CommandsTest, EveryWayOfACommandOpensItsWindow) {
       test.window->Hide();
     }
   }
+  std::ptrdiff_t offered = std::ssize(mdi.keys);
+  for (const auto& menu : mdi.menu) {
+    offered +=
+        std::ranges::count_if(menu.items, [](const auto& item) { return bool(item.action); });
+  }
+  EXPECT_EQ(items, offered) << "some item isn't tried";
+  for (const auto& tool : mdi.ActiveBar1.tools) EXPECT_TRUE(tools.contains(tool.number));
   log.clear();
-  for (const int number : {0, -1, 25, 100000}) PressTool(number);
+  for (const int number : {0, -1, 2, 100, 100000}) PressTool(number);
   EXPECT_TRUE(log.empty());
+}
+
+TEST_F(CommandsTest, EachPageOfTheBrowserHasItsWays) {
+  using Pagina = services::Browser::Pagina;
+  const std::tuple<Pagina, const char*, int> cases[] = {{Pagina::inicio, "Internet", 4},
+                                                        {Pagina::servicio, "Cotirama", 5},
+                                                        {Pagina::manual, "Manual", 0},
+                                                        {Pagina::foro, "Sugerencias", 99}};
+  auto& browser = terminal->Browser;
+  for (const auto& [page, item, tool] : cases) {
+    browser.Abrir(page);
+    const std::string address = browser.brwWebBrowser.address();
+    EXPECT_FALSE(address.empty()) << item;
+    for (const bool by_tool : {false, true}) {
+      if (by_tool && tool == 0) continue;
+      browser.brwWebBrowser.Navigate("http://otra.invalid/");
+      by_tool ? PressTool(tool) : Pick(item, "Internet");
+      EXPECT_EQ(browser.brwWebBrowser.address(), address) << item << by_tool;
+    }
+  }
+}
+
+TEST_F(CommandsTest, TheSheetIsLinkedByItemAndToolAndAfterADeactivationByTheToolAlone) {
+  auto& sheet = outside.spreadsheet();
+  auto& excel = terminal->Excel;
+  const auto item = [this] { Pick("Activar Cotirama Excel"); };
+  const auto tool = [this] { PressTool(78); };
+  struct Case {
+    std::function<void()> activate;
+    std::int16_t off_before, busy;
+    bool linked;
+  };
+  const Case cases[] = {{item, 0, 0, true},  {tool, 0, 0, true},  {item, -1, 0, false},
+                        {tool, -1, 0, true}, {item, 0, 1, false}, {tool, 0, 1, false}};
+  sheet.running = true;
+  for (const Case& test : cases) {
+    for (const bool by_tool : {false, true}) {
+      excel.ExcelApp = false;
+      excel.ExcelOff = test.off_before;
+      excel.ExcelBusy = test.busy;
+      test.activate();
+      sheet.Answer();
+      const auto number = &test - cases;
+      EXPECT_EQ(excel.ExcelApp, test.linked) << number;
+      EXPECT_EQ(excel.ExcelOff, test.linked ? 0 : test.off_before) << number;
+      by_tool ? PressTool(79) : Pick("Deshactivar Cotirama Excel");
+      EXPECT_EQ(excel.ExcelOff, -1) << number;
+      EXPECT_EQ(excel.ExcelBusy, 0) << number;
+    }
+  }
 }
 
 TEST_F(CommandsTest, OptionsAreAskedForInOneWriteAndOnlyInASession) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "platform/platform.h"
 #include "platform/window.h"
 #include "support/bytes.h"
+#include "support/fake_sheet.h"
 #include "support/fake_socket.h"
 #include "support/grid_text.h"
 #include "support/temp_dir.h"
@@ -106,6 +108,7 @@ class MemoryPlatform : public platform::Platform {
  public:
   std::vector<FakeSocket*> sockets;  // alive ones, in order of making
   FakeDialogs boxes;
+  std::vector<platform::ShippedFile> shipped{{"index.html", "<h1>Manual</h1>"}};
   platform::LocalTime clock{.year = 2000, .month = 4, .day = 26};  // stands still
 
   MemoryPlatform();
@@ -132,6 +135,8 @@ class MemoryPlatform : public platform::Platform {
   [[nodiscard]] FakePrinter& printer() override { return printer_; }
   [[nodiscard]] FakeSound& sound() override { return sound_; }
   [[nodiscard]] FakeOtherWindows& other_windows() override { return other_windows_; }
+  [[nodiscard]] FakeSheet& spreadsheet() override { return sheet_; }
+  [[nodiscard]] std::span<const platform::ShippedFile> manual() const override { return shipped; }
 
  private:
   class FakeTimer;
@@ -143,6 +148,7 @@ class MemoryPlatform : public platform::Platform {
   FakePrinter printer_;
   FakeSound sound_;
   FakeOtherWindows other_windows_;
+  FakeSheet sheet_;
   std::deque<std::function<void()>> posted_;
   std::vector<FakeTimer*> running_timers_;  // in order of their start
   std::int64_t now_ = 0;

@@ -13,6 +13,7 @@
 #include "qt/look/list_widget.h"
 #include "qt/look/small_widgets.h"
 #include "qt/look/text.h"
+#include "qt/look/text_log_widget.h"
 #include "qt/look/theme.h"
 #include "qt/look/ticker_widget.h"
 #include "qt/ports/twips.h"
@@ -250,6 +251,14 @@ void Binders::Bind(platform::ProgressBar& bar, QProgressBar& widget, std::functi
            show_common();
            shown();
          });
+}
+
+void Binders::Bind(platform::TextLog& log, TextLogWidget& widget) {
+  Follow(log, widget, [&widget, show_common = CommonShower(log, widget)] {
+    show_common();
+    widget.Refresh();
+  });
+  drops_.push_back([&widget] { widget.Drop(); });
 }
 
 void Binders::Bind(platform::Ticker& ticker, TickerWidget& widget) {

@@ -18,6 +18,7 @@
 #include "platform/controls.h"
 #include "platform/dir_controls.h"
 #include "platform/grid.h"
+#include "platform/text_log.h"
 #include "platform/ticker.h"
 #include "qt/ports/frame_clock.h"
 
@@ -29,6 +30,7 @@ class GridWidget;
 class LabelWidget;
 class ListWidget;
 class PictureWidget;
+class TextLogWidget;
 class TickerWidget;
 
 /// Ties the widgets of one window to their models. What the program writes reaches the widget with
@@ -64,6 +66,7 @@ class Binders {
   /// Its text is up to the window, by `shown`, which runs each time after it has been brought up to
   /// the model. One without an end shows neither text nor progress.
   void Bind(platform::ProgressBar& bar, QProgressBar& widget, std::function<void()> shown);
+  void Bind(platform::TextLog& log, TextLogWidget& widget);
   void Bind(platform::Ticker& ticker, TickerWidget& widget);
   void Bind(platform::Grid& grid, GridWidget& widget);
   /// The widget stays where it is, whatever the place of the chart, and while that is out of sight.

@@ -4,6 +4,7 @@
 #include <QPainterPath>
 
 #include "qt/look/pictures.h"
+#include "qt/look/service_icons.h"
 #include "qt/look/theme.h"
 
 namespace qt {
@@ -301,8 +302,8 @@ void DrawIcon(QPainter& painter, const QRectF& rect, Icon icon) {
         return Stores(p);
       case Icon::history:
         return History(p);
-      case Icon::none:
-        return;
+      default:
+        return DrawServiceIcon(p, icon);
     }
   });
 }

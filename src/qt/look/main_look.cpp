@@ -33,6 +33,10 @@ void AddItems(QMenu& menu, const std::vector<platform::MenuItem>& items, QObject
     } else {
       QAction* action = menu.addAction(Text(item.caption));
       action->setShortcut(QKeySequence(Text(item.key), QKeySequence::PortableText));
+      // Help is asked for from any window.
+      if (action->shortcut() == QKeySequence(QKeySequence::HelpContents)) {
+        action->setShortcutContext(Qt::ApplicationShortcut);
+      }
       QObject::connect(action, &QAction::triggered, context, [&item] {
         if (item.action) item.action();
       });

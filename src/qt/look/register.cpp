@@ -11,6 +11,7 @@
 #include "qt/look/main_look.h"
 #include "qt/look/metastock_looks.h"
 #include "qt/look/portfolio_looks.h"
+#include "qt/look/service_looks.h"
 #include "qt/look/tape_look.h"
 #include "qt/look/ticket_look.h"
 #include "shell/mdi.h"
@@ -56,6 +57,10 @@ void RegisterLooks(Looks& looks) {
   looks.Add<portfolios::Detalle>(MakeDetailLook);
   looks.Add<metastock::Meta>(MakeStoresLook);
   looks.Add<metastock::Form1>(MakeDownloadLook);
+  looks.Add<services::Pages>(MakePagesLook);
+  looks.Add<services::Irc>(MakeChatLook);
+  looks.Add<services::Browser>(MakeBrowserLook);
+  looks.Add<services::Sobre>(MakeAboutLook);
 }
 
 }  // namespace qt

@@ -31,7 +31,9 @@ class LinkInterface : public QAccessibleWidget {
   LabelWidget& label_;
 };
 
-QAccessibleInterface* LinkOf(const QString&, QObject* object) {
+QAccessibleInterface* LinkOf(const QString& name, QObject* object) {
+  // By its class first: the web view brings objects that have no type at run time.
+  if (name != QLatin1String("QLabel")) return nullptr;
   auto* label = dynamic_cast<LabelWidget*>(object);
   return label && label->pressable() ? new LinkInterface(*label) : nullptr;
 }

@@ -14,6 +14,8 @@
 #include <QSettings>
 #include <QVBoxLayout>
 
+#include "shell/mdi.h"
+
 namespace qt {
 namespace {
 
@@ -21,7 +23,7 @@ constexpr int kMostCharacters = 2000;
 constexpr int kMostLines = 30;
 constexpr int kLongWord = 60;
 constexpr int kWidestPrompt = 560, kFieldWidth = 320, kControlHeight = 34;
-constexpr const char* kTitle = "Cotirama Brizna 4.1";
+constexpr const char* kTitle = shell::MDI::kCaption;
 constexpr QChar kBreakHere(0x200B);
 constexpr QChar kEllipsis(0x2026);
 

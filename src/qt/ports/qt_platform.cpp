@@ -4,13 +4,15 @@
 #include <utility>
 
 #include "qt/ports/qt_timer.h"
+#include "qt/ports/shipped_manual.h"
 
 namespace qt {
 
 QtPlatform::QtPlatform(const Looks& looks, Resolver resolve)
     : resolve_(std::move(resolve)),
       desktop_(looks, windows),
-      other_windows_(MakeOtherWindows()) {}
+      other_windows_(MakeOtherWindows()),
+      manual_(ShippedManual()) {}
 
 std::unique_ptr<platform::Socket> QtPlatform::MakeSocket(platform::Socket::Events events) {
   return std::make_unique<QtSocket>(std::move(events), resolve_);

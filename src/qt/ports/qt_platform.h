@@ -2,7 +2,9 @@
 
 #include <QObject>
 
+#include "calc/mirror.h"
 #include "platform/platform.h"
+#include "qt/ports/calc_process.h"
 #include "qt/ports/looks.h"
 #include "qt/ports/qt_clipboard.h"
 #include "qt/ports/qt_desktop.h"
@@ -31,6 +33,8 @@ class QtPlatform : public platform::Platform {
   [[nodiscard]] QtPrinter& printer() override { return printer_; }
   [[nodiscard]] QtSound& sound() override { return sound_; }
   [[nodiscard]] platform::OtherWindows& other_windows() override { return *other_windows_; }
+  [[nodiscard]] calc::Mirror& spreadsheet() override { return sheet_; }
+  [[nodiscard]] std::span<const platform::ShippedFile> manual() const override { return manual_; }
 
  private:
   Resolver resolve_;
@@ -41,6 +45,9 @@ class QtPlatform : public platform::Platform {
   QtPrinter printer_;
   QtSound sound_;
   std::unique_ptr<platform::OtherWindows> other_windows_;
+  CalcProcess helper_;
+  calc::Mirror sheet_{*this, helper_};
+  std::vector<platform::ShippedFile> manual_;
 };
 
 }  // namespace qt

@@ -117,7 +117,7 @@ TEST_F(LookTest, WhatTheUserDoesReachesTheModelAtOnceAndRunsItsHook) {
   EXPECT_EQ(terminal.MDI.Check2.value(), 1);
   EXPECT_TRUE(terminal.MDI.Picture1.visible());
   auto* menu = static_cast<QMainWindow*>(main.widget)->menuBar();
-  menu->actions().value(0)->menu()->actions().value(0)->trigger();
+  menu->actions().value(1)->menu()->actions().value(0)->trigger();
   EXPECT_TRUE(terminal.Continuo.visible());
 }
 
@@ -134,6 +134,41 @@ TEST_F(LookTest, AToolTellsItsNumberAndItsTip) {
   EXPECT_EQ(NamesBelow(*row).join('|'), "Alarma <b>por</b> Precio|Mercado Continuo");
   for (auto* button : row->findChildren<QAbstractButton*>()) button->click();
   EXPECT_EQ(numbers, (QList<int>{24, 30}));
+}
+
+TEST_F(LookTest, ToolsForWhichThereIsNoRoomStandInAMenuAtTheEnd) {
+  platform::ToolBar bar;
+  QList<int> numbers;
+  bar.on_click = [&numbers](const platform::Tool& tool) { numbers << tool.number; };
+  bar.tools = {{1, "Uno"}, {2, "Dos"}, {}, {3, "Tres & <b>"}, {4, "Cuatro"}};
+  QWidget host;
+  qt::Binders binders(host, clock);
+  QWidget* row = qt::MakeToolBar(bar, binders, &host);
+  const int all = row->sizeHint().width();
+  host.show();
+  const std::pair<int, const char*> cases[] = {{all, "Cuatro|Dos|Tres & <b>|Uno"},
+                                               {all - 1, "Dos|Más herramientas|Uno"},
+                                               {1, "Más herramientas"},
+                                               {all, "Cuatro|Dos|Tres & <b>|Uno"},
+                                               {84, "Más herramientas|Uno"},
+                                               {120, "Dos|Más herramientas|Uno"}};
+  for (const auto& [width, names] : cases) {
+    row->resize(width, row->height());
+    EXPECT_EQ(NamesBelow(*row).join('|'), QString::fromUtf8(names)) << width;
+    for (QWidget* child : row->findChildren<QWidget*>()) {
+      EXPECT_TRUE(width == 1 || child->isHidden() || child->geometry().right() < width) << width;
+    }
+  }
+  for (auto* button : row->findChildren<QAbstractButton*>()) {
+    if (button->accessibleName() == QStringLiteral("Más herramientas")) button->click();
+  }
+  auto* menu = row->findChild<QMenu*>();
+  ASSERT_TRUE(menu);
+  QStringList items;
+  for (QAction* action : menu->actions()) items << action->text();
+  EXPECT_EQ(items.join('|'), "|Tres && <b>|Cuatro");
+  menu->actions().value(1)->trigger();
+  EXPECT_EQ(numbers, QList<int>{3});
 }
 
 TEST_F(LookTest, AcceleratorsWorkWhileAnInnerWindowHasTheKeyboard) {
