@@ -100,6 +100,7 @@ bool Tour::Full() {
   Charts();
   Colors();
   History();
+  Services();
   LoseServer();
   SmallScreen();
   Sort();
@@ -117,6 +118,7 @@ bool Tour::Short() {
   Charts();
   Colors();
   History();
+  Services();
   return good_;
 }
 

@@ -49,6 +49,11 @@ class Tour {
   void Portfolios();
   void MakePortfolios();
   void RecordOperations();
+  void Services();
+  void Pages();
+  void Chat();
+  void Manual();
+  void Sheet();
   void Holdings();
   void Operations();
   void Slide();
