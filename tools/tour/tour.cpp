@@ -29,7 +29,9 @@ Tour::Tour(const QString& directory, const QString& prefix)
       prefix_(prefix),
       market_(std::in_place, BusyMorning()),
       platform_(looks_,
-                [this](const std::string&, std::uint16_t port) {
+                [this](const std::string& host, std::uint16_t port) {
+                  // A chat server of the tour's own; all else is the market's.
+                  if (host == "127.0.0.1") return qt::Endpoint{"127.0.0.1", port};
                   if (!market_) return qt::Endpoint{"127.0.0.1", 1};
                   const bool data = port == feed::Conecta::kDataPort;
                   return qt::Endpoint{"127.0.0.1", data ? market_->DataPort() : market_->Port()};
