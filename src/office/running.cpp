@@ -43,9 +43,14 @@ std::string Starting(const std::vector<std::string>& texts, std::string_view wit
   return found == texts.end() ? std::string() : *found;
 }
 
-bool SameHome(const std::vector<std::string>& environment) {
-  const char* const home = std::getenv("HOME");
-  return Starting(environment, "HOME=") == (home ? std::string("HOME=") + home : std::string());
+/// Of the same home and on the same screen as this process: what the user has in front of him.
+bool SameDesk(const std::vector<std::string>& environment) {
+  return std::ranges::all_of(
+      std::array{"HOME", "DISPLAY", "WAYLAND_DISPLAY"}, [&](const char* name) {
+        const char* const ours = std::getenv(name);
+        const std::string with = std::string(name) + '=';
+        return Starting(environment, with) == (ours ? with + ours : std::string());
+      });
 }
 
 /// 0 for a name that isn't a process' number.
@@ -70,7 +75,7 @@ std::optional<Running> OfficeAt(const fs::path& process) {
                   .executable = executable.string(),
                   .profile = Starting(Texts(process / "cmdline"), kProfile),
                   .environment = Texts(process / "environ")};
-  if (!SameHome(running.environment)) return {};
+  if (!SameDesk(running.environment)) return {};
   // What says where the profile lies, and nothing that could change what the second start runs.
   std::erase_if(running.environment, [](const std::string& text) {
     const std::string_view name = std::string_view(text).substr(0, text.find('='));

@@ -6,7 +6,8 @@
 
 namespace office {
 
-/// An office that runs already, for the same user and out of the same home directory.
+/// An office that runs already, for the same user, out of the same home directory and on the same
+/// screen.
 struct Running {
   pid_t pid = 0;
   std::string executable;  // full path

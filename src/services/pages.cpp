@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::string_view kTerminador = "\xFF\xFE";
 constexpr std::string_view kPrimera = "1";
+constexpr int kMasLarga = 60;  // letters; servers don't answer to messages that never end
 
 /// Bytes to stand inside of a message. A lone first half of the terminator may, even as the last
 /// one, since the terminator is found from the left.
@@ -29,6 +30,7 @@ Pages::Pages(platform::Platform& platform) : Window(platform) {
   Command4.set_caption("&Opciones");
   Command5.set_caption("&Salir");
   Text1.set_label("Página");
+  Text1.set_max_length(kMasLarga);
   for (platform::Button* button : {&Command1, &Command2, &Command3, &Command4}) {
     button->on_click = [this] { Command1_Click(); };
   }

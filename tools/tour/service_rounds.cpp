@@ -147,6 +147,8 @@ void Tour::Manual() {
   Run(3000);
   KeepScreen(QStringLiteral("manual"));
   (void)window.Unload();
+  // This program's loop leaves such to whoever opens a box.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void Tour::Sheet() {

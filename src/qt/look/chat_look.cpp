@@ -47,7 +47,7 @@ QLineEdit* MakeInput(platform::TextBox& box, QWidget* parent, Binders& binders) 
   auto* input = new QLineEdit(parent);
   input->setMinimumHeight(kFieldHeight);
   input->setTextMargins(6, 0, 6, 0);
-  input->setPlaceholderText(QStringLiteral("Escriba y pulse Intro"));
+  if (box.enabled()) input->setPlaceholderText(QStringLiteral("Escriba y pulse Intro"));
   binders.Bind(box, *input);
   return input;
 }
@@ -69,7 +69,7 @@ Look MakeChatLook(services::Irc& window, FrameClock& clock) {
   column->addWidget(MakeHalves(talk, people), 1);
   column->addWidget(note);
   auto* line = new QHBoxLayout;
-  auto* label = QuietLabel(Text(window.C.label()) + u':', TextFont(), chat);
+  auto* label = LabelFor(window.C, u'M', chat);
   label->setBuddy(input);
   line->addWidget(label);
   line->addWidget(input, 1);
@@ -83,7 +83,8 @@ Look MakeChatLook(services::Irc& window, FrameClock& clock) {
   });
   QWidget::setTabOrder(input, talk);
   QWidget::setTabOrder(talk, people);
-  chat->setFocusProxy(input);
+  // Without a server there is nothing to write.
+  chat->setFocusProxy(window.C.enabled() ? static_cast<QWidget*>(input) : talk);
   return {.widget = chat,
           .place = Place::child,
           .widget_of = [b = binders.get()](platform::Control& c) { return b->WidgetOf(c); },

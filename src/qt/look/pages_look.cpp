@@ -189,12 +189,18 @@ Look MakePagesLook(services::Pages& window, FrameClock& clock) {
   column->addLayout(row);
   AddField(*row, window, ground, *binders);
   row->addSpacing(8);
-  AddButton(*row, window.Command1, *binders)->setDefault(true);
+  const auto add = [&](platform::Button& button) {
+    constexpr int kLeastButton = 72;  // so that the window fits on a small screen
+    QPushButton* widget = AddButton(*row, button, *binders);
+    widget->setMinimumWidth(kLeastButton);
+    return widget;
+  };
+  add(window.Command1)->setDefault(true);
   for (platform::Button* button : {&window.Command2, &window.Command3, &window.Command4}) {
-    AddButton(*row, *button, *binders);
+    add(*button);
   }
   row->addStretch();
-  AddButton(*row, window.Command5, *binders);
+  add(window.Command5);
 
   auto* panel = new Panel(ground);
   column->addWidget(panel, 1);
