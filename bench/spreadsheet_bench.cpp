@@ -6,6 +6,7 @@
 #include <string>
 #include <variant>
 
+#include "base/masks.h"
 #include "calc/mirror.h"
 #include "spreadsheet/excel.h"
 #include "support/fake_pipe.h"
@@ -57,7 +58,7 @@ class Desk {
   /// The sheet has the price that the store has.
   [[nodiscard]] bool Has(int n) const {
     const auto* number = std::get_if<double>(&sheet_.value(kFirstRow + n, 7));
-    return number != nullptr && *number == static_cast<double>(store_.Instrumentos(1 + n).Ultimo);
+    return number != nullptr && *number == base::AsWritten(store_.Instrumentos(1 + n).Ultimo);
   }
 
  private:
